@@ -1,0 +1,44 @@
+#include "foodlist/TierMap.h"
+
+#include "core/RunTimeError.h"
+#include "fooddb/FoodTable.h"
+
+namespace pw {
+
+std::int16_t TierMap::Get(int row, int tier) const
+{
+    if (row < 0 || row >= kTierRows || tier < 0 || tier >= kTiers)
+        throw RunTimeError(ErrorKind::SubscriptRange, "tier map row " + std::to_string(row));
+    return rows_[row][tier];
+}
+
+void TierMap::Set(int row, int tier, int foodIndex)
+{
+    if (row < 0 || row >= kTierRows || tier < 0 || tier >= kTiers)
+        throw RunTimeError(ErrorKind::SubscriptRange, "tier map row " + std::to_string(row));
+    if (foodIndex < -1 || foodIndex > kFoodCapacity)
+        throw RunTimeError(ErrorKind::SubscriptRange, "food index " + std::to_string(foodIndex));
+    rows_[row][tier] = static_cast<std::int16_t>(foodIndex);
+}
+
+std::vector<std::string> RebuildGroupColumn(const FoodTable& table, TierMap& map)
+{
+    std::vector<std::string> groups;
+    const std::string* previous = nullptr;
+    int k = 0;
+    int i = 0;
+    for (; i <= table.LastIndex(); ++i) {
+        const std::string& group = table.Group(i);
+        if (previous == nullptr ? !group.empty() : group != *previous) {
+            map.Set(k, 0, i);
+            ++k;
+            groups.push_back(group);
+        }
+        previous = &group;
+    }
+    map.Set(k, 0, i);
+    map.Set(k + 1, 0, table.LastIndex());
+    return groups;
+}
+
+}  // namespace pw

@@ -1,0 +1,31 @@
+#pragma once
+// The chooser's map from list positions to FoodTable indices: 500 rows of
+// four columns, one column per tier. Row k of column t holds the index of the
+// first record of the k-th entry of tier t's list; the row after the last
+// entry holds the index one past the run.
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pw {
+
+class FoodTable;
+
+inline constexpr int kTierRows = 500;
+inline constexpr int kTiers = 4;
+
+class TierMap {
+public:
+    std::int16_t Get(int row, int tier) const;
+    void Set(int row, int tier, int foodIndex);
+
+private:
+    std::array<std::array<std::int16_t, kTiers>, kTierRows> rows_{};
+};
+
+// Rebuilds column 0 from the table and returns the group list: each group
+// text once, in table order, where it first differs from the record before.
+std::vector<std::string> RebuildGroupColumn(const FoodTable& table, TierMap& map);
+
+}  // namespace pw

@@ -1,0 +1,113 @@
+#include "shell/RealSeams.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace pw {
+
+namespace {
+
+// "Platewell profiles (*.pwp)|*.pwp" -> "Platewell profiles (*.pwp)".
+QString QtFilter(const QString& filter)
+{
+    QStringList parts = filter.split('|');
+    QStringList out;
+    for (int i = 0; i + 1 < parts.size(); i += 2)
+        out << parts[i];
+    return out.isEmpty() ? filter : out.join(";;");
+}
+
+QString StartPath(const FileDialogRequest& r)
+{
+    QDir dir(r.initialFolder);
+    return r.proposedName.isEmpty() ? dir.path() : dir.filePath(r.proposedName);
+}
+
+QString WithDefaultExtension(QString path, const FileDialogRequest& r)
+{
+    if (!r.defaultExtension.isEmpty() && QFileInfo(path).suffix().isEmpty())
+        path += r.defaultExtension;
+    return path;
+}
+
+}  // namespace
+
+MsgResult MessageBoxPrompts::Message(const QString& text, const QString& title, MsgIcon icon, MsgButtons buttons)
+{
+    QMessageBox box(parent_);
+    box.setWindowTitle(title);
+    // Message texts break lines with CR LF; a label wants LF only.
+    QString shown = text;
+    shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    box.setText(shown);
+    switch (icon) {
+    case MsgIcon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case MsgIcon::Information: box.setIcon(QMessageBox::Information); break;
+    case MsgIcon::Question: box.setIcon(QMessageBox::Question); break;
+    case MsgIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case MsgIcon::Critical: box.setIcon(QMessageBox::Critical); break;
+    }
+    if (buttons == MsgButtons::YesNo) {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
+        return box.exec() == QMessageBox::Yes ? MsgResult::Yes : MsgResult::No;
+    }
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return MsgResult::Ok;
+}
+
+void MessageBoxPrompts::Beep() { QApplication::beep(); }
+
+std::optional<QString> SystemFileDialogs::OpenFile(const FileDialogRequest& r)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString(), StartPath(r), QtFilter(r.filter));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(r.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!r.defaultExtension.isEmpty())
+        dialog.setDefaultSuffix(r.defaultExtension.mid(1));
+    if (!r.overwritePrompt)
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return WithDefaultExtension(dialog.selectedFiles().first(), r);
+}
+
+std::optional<QString> SystemFileDialogs::SaveFile(const FileDialogRequest& r)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString(), StartPath(r), QtFilter(r.filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (!r.defaultExtension.isEmpty())
+        dialog.setDefaultSuffix(r.defaultExtension.mid(1));
+    if (!r.overwritePrompt)
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return WithDefaultExtension(dialog.selectedFiles().first(), r);
+}
+
+void SystemHelpDisplay::ShowHelp(const QString& helpFile, int command, std::optional<int> context)
+{
+    QFileInfo info(helpFile);
+    if (!info.exists()) {
+        prompts_.Message(QStringLiteral("The help file could not be found:\r\n") + helpFile, QStringLiteral("Help"),
+                         MsgIcon::Exclamation);
+        return;
+    }
+    QUrl url = QUrl::fromLocalFile(info.absoluteFilePath());
+    if (command == kHelpContext && context)
+        url.setFragment(QStringLiteral("context-%1").arg(*context));
+    QDesktopServices::openUrl(url);
+}
+
+bool SystemHelpDisplay::OpenWebPage(const QString& url) { return QDesktopServices::openUrl(QUrl(url)); }
+
+int SystemClock::CurrentYear() const { return QDate::currentDate().year(); }
+
+}  // namespace pw

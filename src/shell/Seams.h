@@ -1,0 +1,78 @@
+#pragma once
+// Everything a test cannot click through goes through one of these small
+// interfaces; the program uses the real ones (RealSeams.h), tests the fakes.
+#include <QString>
+#include <optional>
+#include <string>
+
+namespace pw {
+
+enum class MsgIcon { None, Information, Question, Exclamation, Critical };
+enum class MsgButtons { Ok, YesNo };
+enum class MsgResult { Ok, Yes, No };
+
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+    virtual MsgResult Message(const QString& text, const QString& title, MsgIcon icon,
+                              MsgButtons buttons = MsgButtons::Ok) = 0;
+    virtual void Beep() = 0;
+
+    // Model texts are Latin-1 bytes.
+    MsgResult Message(const std::string& text, const std::string& title, MsgIcon icon,
+                      MsgButtons buttons = MsgButtons::Ok)
+    {
+        return Message(QString::fromLatin1(text), QString::fromLatin1(title), icon, buttons);
+    }
+};
+
+struct FileDialogRequest {
+    QString initialFolder;
+    QString defaultExtension;  // ".pwp"
+    QString proposedName;
+    QString filter;            // "Platewell profiles (*.pwp)|*.pwp"
+    bool overwritePrompt = false;
+    bool pathMustExist = false;
+    bool fileMustExist = false;
+    bool hideReadOnly = false;
+};
+
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    // The chosen path, or nothing when the user cancelled.
+    virtual std::optional<QString> OpenFile(const FileDialogRequest& request) = 0;
+    virtual std::optional<QString> SaveFile(const FileDialogRequest& request) = 0;
+};
+
+// Help commands of the help file interface.
+inline constexpr int kHelpContext = 1;     // show the topic of a context number
+inline constexpr int kHelpHelpOnHelp = 4;  // how to use help
+inline constexpr int kHelpIndex = 15;      // passed through unchanged
+
+class HelpDisplay {
+public:
+    virtual ~HelpDisplay() = default;
+    virtual void ShowHelp(const QString& helpFile, int command, std::optional<int> context) = 0;
+    // Opens a web address in the system's browser; false when that failed.
+    virtual bool OpenWebPage(const QString& url) = 0;
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual int CurrentYear() const = 0;
+};
+
+// The seams a window needs, handed down from main together with the Session.
+struct Seams {
+    Prompts& prompts;
+    FileDialogs& files;
+    HelpDisplay& help;
+    Clock& clock;
+};
+
+// The program folder's path + "/" + name, as a QString.
+QString InFolder(const std::string& folder, const QString& name);
+
+}  // namespace pw

@@ -1,0 +1,24 @@
+#pragma once
+// Everything the program shares between its windows, owned by main and handed
+// to each window by reference: no mutable globals.
+#include <string>
+
+#include "fooddb/FoodTable.h"
+#include "foodlist/TierMap.h"
+#include "shell/Settings.h"
+
+namespace pw {
+
+inline constexpr const char* kProgramVersionText = "2.04W";
+inline constexpr const char* kHelpVersionText = "2.02";
+inline constexpr const char* kDataFileName = "data.dat";
+
+struct Session {
+    std::string programFolder;
+    FoodTable foodTable;
+    Settings settings;
+    TierMap tierMap;
+    bool tutorialPending = false;
+};
+
+}  // namespace pw
