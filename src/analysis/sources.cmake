@@ -1,0 +1,4 @@
+list(APPEND VIEW_SOURCES
+  src/analysis/AnalysisPage.cpp
+  src/analysis/ProfilePage.cpp
+)
