@@ -1,0 +1,5 @@
+list(APPEND MODEL_SOURCES
+  src/fooddb/DataFile.cpp
+  src/fooddb/FoodGroups.cpp
+  src/fooddb/FoodTable.cpp
+)

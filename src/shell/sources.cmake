@@ -1,0 +1,11 @@
+list(APPEND MODEL_SOURCES
+  src/shell/Settings.cpp
+)
+list(APPEND VIEW_SOURCES
+  src/shell/AppRunner.cpp
+  src/shell/MainWindow.cpp
+  src/shell/RealSeams.cpp
+  src/shell/Seams.cpp
+  src/shell/SplashWindow.cpp
+  src/shell/Twips.cpp
+)

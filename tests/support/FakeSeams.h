@@ -1,0 +1,114 @@
+#pragma once
+// Fakes of the window seams: prompts that record every message and answer
+// from a script, file dialogs that return scripted paths, a help display
+// that records its calls, and a fixed clock.
+#include <deque>
+#include <optional>
+#include <vector>
+
+#include "shell/Seams.h"
+
+namespace pw::test {
+
+struct RecordedMessage {
+    QString text;
+    QString title;
+    MsgIcon icon;
+    MsgButtons buttons;
+};
+
+class RecordingPrompts : public Prompts {
+public:
+    using Prompts::Message;
+    MsgResult Message(const QString& text, const QString& title, MsgIcon icon, MsgButtons buttons) override
+    {
+        messages.push_back({text, title, icon, buttons});
+        events.push_back(QStringLiteral("message:") + title);
+        if (buttons == MsgButtons::Ok)
+            return MsgResult::Ok;
+        if (answers.empty())
+            return MsgResult::No;
+        MsgResult answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    void Beep() override
+    {
+        ++beeps;
+        events.push_back(QStringLiteral("beep"));
+    }
+
+    std::vector<RecordedMessage> messages;
+    std::deque<MsgResult> answers;  // for Yes/No questions; No when empty
+    std::vector<QString> events;    // messages and beeps in order
+    int beeps = 0;
+};
+
+class ScriptedFileDialogs : public FileDialogs {
+public:
+    std::optional<QString> OpenFile(const FileDialogRequest& request) override
+    {
+        openRequests.push_back(request);
+        return Next();
+    }
+    std::optional<QString> SaveFile(const FileDialogRequest& request) override
+    {
+        saveRequests.push_back(request);
+        return Next();
+    }
+
+    std::deque<std::optional<QString>> answers;  // nothing = cancelled
+    std::vector<FileDialogRequest> openRequests;
+    std::vector<FileDialogRequest> saveRequests;
+
+private:
+    std::optional<QString> Next()
+    {
+        if (answers.empty())
+            return std::nullopt;
+        auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+struct HelpCall {
+    QString file;
+    int command;
+    std::optional<int> context;
+};
+
+class RecordingHelp : public HelpDisplay {
+public:
+    void ShowHelp(const QString& helpFile, int command, std::optional<int> context) override
+    {
+        calls.push_back({helpFile, command, context});
+    }
+    bool OpenWebPage(const QString& url) override
+    {
+        pages.push_back(url);
+        return webPageOpens;
+    }
+
+    std::vector<HelpCall> calls;
+    std::vector<QString> pages;
+    bool webPageOpens = true;
+};
+
+class FixedClock : public Clock {
+public:
+    explicit FixedClock(int year = 2026) : year(year) {}
+    int CurrentYear() const override { return year; }
+    int year;
+};
+
+// All four fakes together, with the Seams that refer to them.
+struct FakeSeams {
+    RecordingPrompts prompts;
+    ScriptedFileDialogs files;
+    RecordingHelp help;
+    FixedClock clock;
+    Seams seams{prompts, files, help, clock};
+};
+
+}  // namespace pw::test
