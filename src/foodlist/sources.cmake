@@ -1,3 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/foodlist/TierMap.cpp
 )
+list(APPEND VIEW_SOURCES
+  src/foodlist/FoodListPage.cpp
+)

@@ -19,6 +19,9 @@ struct Session {
     Settings settings;
     TierMap tierMap;
     bool tutorialPending = false;
+    // Set when the program is ending, by its shutdown or by a run-time
+    // error; from then on nothing more is written.
+    bool ended = false;
 };
 
 }  // namespace pw

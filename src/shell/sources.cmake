@@ -3,6 +3,8 @@ list(APPEND MODEL_SOURCES
 )
 list(APPEND VIEW_SOURCES
   src/shell/AppRunner.cpp
+  src/shell/ErrorGuard.cpp
+  src/shell/Logo.cpp
   src/shell/MainWindow.cpp
   src/shell/RealSeams.cpp
   src/shell/Seams.cpp

@@ -1,0 +1,43 @@
+#pragma once
+// Where a run-time error from the model ends up: one critical message that
+// names it, and the end of the program without writing any file.
+#include <exception>
+#include <utility>
+
+#include "core/RunTimeError.h"
+#include "shell/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+class ErrorGuard {
+public:
+    ErrorGuard(Session& session, Prompts& prompts) : session_(session), prompts_(prompts) {}
+
+    // Runs work; returns false when it raised a run-time error (reported).
+    template <class Work>
+    bool Run(Work&& work)
+    {
+        if (session_.ended)
+            return false;
+        try {
+            std::forward<Work>(work)();
+            return true;
+        } catch (const RunTimeError& error) {
+            Report(error);
+        } catch (const std::bad_alloc&) {
+            Report(RunTimeError(ErrorKind::InvalidCall, "out of memory"));
+        }
+        return false;
+    }
+
+    void Report(const RunTimeError& error);
+    bool Failed() const { return failed_; }
+
+private:
+    Session& session_;
+    Prompts& prompts_;
+    bool failed_ = false;
+};
+
+}  // namespace pw

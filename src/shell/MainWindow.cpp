@@ -1,0 +1,410 @@
+#include "shell/MainWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QResizeEvent>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QWidget>
+
+#include "analysis/AnalysisPage.h"
+#include "analysis/ProfilePage.h"
+#include "core/LineFile.h"
+#include "core/Text.h"
+#include "fooddb/DataFile.h"
+#include "foodlist/FoodListPage.h"
+#include "shell/ErrorGuard.h"
+#include "shell/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+// Layout of the main window, in twips.
+constexpr int kTabWidth = 7512;
+constexpr int kTabHeight = 3420;
+constexpr int kTabTop = 60;
+constexpr int kGridLeft = 60;
+constexpr int kGridTop = 3540;
+constexpr int kGridWidthMargin = 216;
+constexpr int kGridHeightMargin = 4200;
+constexpr int kTabHalfWidth = 3756;
+
+const char* const kTutorialQuestion =
+    "Would you like to view the Quick Tutorial?\r\n\r\nYou can master this program in less than three minutes!";
+const char* const kTutorialTitle = "View Quick Tutorial?";
+const char* const kDisclaimerTitle = "Important Disclaimer";
+const char* const kDisclaimerLines[] = {
+    "Although the nutrition database is believed to be accurate,",
+    "this program is provided AS IS, and there is no warranty",
+    "for the accuracy of the nutritional database or for the",
+    "interpretation of data or analysis.",
+    "",
+    "Data analysis is intended for healthy adults only.",
+    "However, this program is not intended to replace the",
+    "services of a qualified health care provider, dietician,",
+    "nutritionist, or physician.",
+};
+
+QAction* AddItem(QMenu* menu, const char* name, const char* caption)
+{
+    QAction* action = menu->addAction(QString::fromLatin1(caption));
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
+}
+
+QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
+{
+    QMenu* menu = nullptr;
+    if (auto* bar = qobject_cast<QMenuBar*>(parentMenu))
+        menu = bar->addMenu(QString::fromLatin1(caption));
+    else
+        menu = static_cast<QMenu*>(parentMenu)->addMenu(QString::fromLatin1(caption));
+    menu->setObjectName(QString::fromLatin1(name));
+    menu->menuAction()->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent)
+    : QMainWindow(parent), session_(session), seams_(seams), guard_(guard)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Platewell"));
+    BuildMenus();
+    BuildCentre();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildMenus()
+{
+    QMenuBar* bar = menuBar();
+    mnuFile = AddMenu(bar, "mnuFile", "&File");
+    mnuOpen = AddItem(mnuFile, "mnuOpen", "&Open Analysis...");
+    mnuSave = AddItem(mnuFile, "mnuSave", "&Save Analysis...");
+    mnuClearList = AddItem(mnuFile, "mnuClearList", "&Clear List");
+    mnuFile->addSeparator();
+    mnuPrint = AddMenu(mnuFile, "mnuPrint", "&Print");
+    mnuList = AddItem(mnuPrint, "mnuList", "Food &List");
+    mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
+    mnuFile->addSeparator();
+    mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
+
+    mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
+    mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
+    mnuSaveAsDish = AddItem(mnuDatabase, "mnuSaveAsDish", "&Save List as Dish...");
+    mnuCopyToFavorites = AddItem(mnuDatabase, "mnuCopyToFavorites", "&Copy Item to Favorites...");
+    mnuDatabase->addSeparator();
+    mnuDeleteFromDatabase = AddItem(mnuDatabase, "mnuDeleteFromDatabase", "&Delete Item from Database");
+
+    mnuViewBy = AddMenu(bar, "mnuViewBy", "&View");
+    mnuViewByUnits = AddItem(mnuViewBy, "mnuViewByUnits", "&Units");
+    mnuViewByDV = AddItem(mnuViewBy, "mnuViewByDV", "Percent of &Daily Value (%DV)");
+    mnuViewByUnits->setCheckable(true);
+    mnuViewByDV->setCheckable(true);
+
+    mnuOptions = AddMenu(bar, "mnuOptions", "&Options");
+    mnuShowTip = AddItem(mnuOptions, "mnuShowTip", "&Show \"Tip of the Day\" at startup");
+    mnuRememberWindowSize = AddItem(mnuOptions, "mnuRememberWindowSize", "Remember &Window Size");
+    mnuRememberColumnWidth = AddItem(mnuOptions, "mnuRememberColumnWidth", "Remember &Column Widths");
+    for (QAction* toggle : {mnuShowTip, mnuRememberWindowSize, mnuRememberColumnWidth})
+        toggle->setCheckable(true);
+
+    mnuHelp = AddMenu(bar, "mnuHelp", "&Help");
+    mnuQuickTutorial = AddItem(mnuHelp, "mnuQuickTutorial", "&Quick Tutorial");
+    mnuHelpContents = AddItem(mnuHelp, "mnuHelpContents", "&Contents...");
+    mnuHelpIndex = AddItem(mnuHelp, "mnuHelpIndex", "&Index");
+    mnuHelpOnHelp = AddItem(mnuHelp, "mnuHelpOnHelp", "&How to use Help");
+    mnuHelp->addSeparator();
+    mnuTechSupport = AddItem(mnuHelp, "mnuTechSupport", "&Technical Support");
+    mnuPlatewellWeb = AddItem(mnuHelp, "mnuPlatewellWeb", "Platewell's &Web Site");
+    mnuDisclaimer = AddItem(mnuHelp, "mnuDisclaimer", "Important &Disclaimer");
+    mnuHelp->addSeparator();
+    mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
+
+    // Commands of windows still to come stay disabled until they arrive.
+    for (QAction* later : {mnuOpen, mnuClearList, mnuSaveAsDish, mnuCopyToFavorites, mnuDeleteFromDatabase,
+                           mnuPlatewellWeb, mnuAbout})
+        later->setEnabled(false);
+    // Nothing to save or print while the list is empty.
+    for (QAction* listAction : {mnuSave, mnuList, mnuPrintAnalysis})
+        listAction->setEnabled(false);
+    mnuPrint->menuAction()->setEnabled(false);
+
+    auto guarded = [this](QAction* action, auto handler) {
+        connect(action, &QAction::triggered, this, [this, handler] { guard_.Run([&] { (this->*handler)(); }); });
+    };
+    guarded(mnuExit, &MainWindow::Egress);
+    guarded(mnuDisclaimer, &MainWindow::Disclaimer);
+    guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
+    guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
+    guarded(mnuRememberColumnWidth, &MainWindow::mnuRememberColumnWidth_Click);
+    connect(mnuViewByUnits, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(false); }); });
+    connect(mnuViewByDV, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(true); }); });
+
+    auto help = [this](QAction* action, const char* file, int command, std::optional<int> context) {
+        connect(action, &QAction::triggered, this,
+                [this, file, command, context] { ShowHelpTopic(file, command, context); });
+    };
+    help(mnuQuickTutorial, "pw.hlp", kHelpContext, 1);
+    help(mnuHelpContents, "pw.hlp", kHelpContext, 0);
+    help(mnuHelpIndex, "pw.hlp", kHelpIndex, 1);
+    help(mnuHelpOnHelp, "pw.hlp", kHelpHelpOnHelp, std::nullopt);
+    help(mnuTechSupport, "pw.hlp", kHelpContext, 10);
+}
+
+void MainWindow::BuildCentre()
+{
+    auto* centre = new QWidget(this);
+    centre->setObjectName(QStringLiteral("centre"));
+    setCentralWidget(centre);
+
+    tabMain = new QTabWidget(centre);
+    tabMain->setObjectName(QStringLiteral("tabMain"));
+    profilePage = new ProfilePage(session_, seams_, tabMain);
+    foodListPage = new FoodListPage(tabMain);
+    analysisPage = new AnalysisPage(session_, tabMain);
+    tabMain->addTab(profilePage, QStringLiteral("&Profile"));
+    tabMain->addTab(foodListPage, QStringLiteral("&Food List"));
+    tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
+    connect(profilePage, &ProfilePage::profileValidated, this,
+            [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
+    connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 3); });
+
+    gridMain = new QTableWidget(centre);
+    gridMain->setObjectName(QStringLiteral("gridMain"));
+    gridMain->setColumnCount(13);
+    gridMain->setRowCount(0);
+    gridMain->verticalHeader()->setVisible(false);
+    gridMain->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    gridMain->setSelectionBehavior(QAbstractItemView::SelectRows);
+    gridMain->setSelectionMode(QAbstractItemView::SingleSelection);
+    gridMain->horizontalHeader()->setHighlightSections(false);
+    gridMain->setEnabled(false);
+}
+
+int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
+int MainWindow::DpiY() const { return logicalDpiY() > 0 ? logicalDpiY() : 96; }
+int MainWindow::WidthTwips() const { return width_.Twips(width(), DpiX()); }
+int MainWindow::HeightTwips() const { return height_.Twips(height(), DpiY()); }
+
+void MainWindow::Form_Load()
+{
+    loading_ = true;
+    menuBar()->setEnabled(false);  // no command may start while the table loads
+    Settings& s = session_.settings;
+
+    mnuShowTip->setChecked(s.showTips);
+    if (!s.rememberColumnWidths) {
+        mnuRememberColumnWidth->setChecked(false);
+        s.columnWidths = kDefaultColumnWidths;
+    } else {
+        mnuRememberColumnWidth->setChecked(true);
+    }
+
+    setMinimumSize(TwipsToPx(kDefaultWindowWidth, DpiX()), TwipsToPx(kDefaultWindowHeight, DpiY()));
+    bool maximise = false;
+    if (s.rememberWindowSize) {
+        mnuRememberWindowSize->setChecked(true);
+        maximise = s.windowState < 0 || s.windowState > 1;
+    } else {
+        mnuRememberWindowSize->setChecked(false);
+        s.windowWidth = kDefaultWindowWidth;
+        s.windowHeight = kDefaultWindowHeight;
+    }
+    resize(width_.SetTwips(s.windowWidth, DpiX()), height_.SetTwips(s.windowHeight, DpiY()));
+
+    tabMain->setTabEnabled(0, true);
+    tabMain->setTabEnabled(1, false);
+    tabMain->setTabEnabled(2, false);
+    PopulateGridHeader();
+
+    if (maximise)
+        showMaximized();
+    else
+        showNormal();
+    QCoreApplication::processEvents();
+
+    profilePage->ReadDefaultPWP();
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QElapsedTimer sincePaint;
+    sincePaint.start();
+    // Let the window repaint while the records load, without paying for an
+    // event-loop pass on every one of several thousand records.
+    LoadDatabaseRecords(session_.foodTable, [&sincePaint](int) {
+        if (sincePaint.elapsed() >= 15) {
+            QCoreApplication::processEvents();
+            sincePaint.restart();
+        }
+    });
+    foodListPage->SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap));
+    QApplication::restoreOverrideCursor();
+
+    foodListPage->FillQuantityList();
+
+    SetViewMode(s.viewMode == kViewDV);
+    QCoreApplication::processEvents();
+    menuBar()->setEnabled(true);
+    loading_ = false;
+
+    if (session_.tutorialPending) {
+        session_.tutorialPending = false;
+        if (seams_.prompts.Message(QString::fromLatin1(kTutorialQuestion), QString::fromLatin1(kTutorialTitle),
+                                   MsgIcon::Question, MsgButtons::YesNo) == MsgResult::Yes)
+            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext, 1);
+    }
+}
+
+void MainWindow::PopulateGridHeader()
+{
+    QStringList captions;
+    for (const char* caption : kColumnCaptions)
+        captions << QString::fromLatin1(caption);
+    gridMain->setHorizontalHeaderLabels(captions);
+    for (int c = 0; c < kGridColumns; ++c)
+        gridMain->setColumnWidth(c, columns_[c].SetTwips(session_.settings.columnWidths[c], DpiX()));
+}
+
+bool MainWindow::ViewByUnits() const { return mnuViewByUnits->isChecked(); }
+
+void MainWindow::SetViewMode(bool byDV)
+{
+    mnuViewByUnits->setChecked(!byDV);
+    mnuViewByDV->setChecked(byDV);
+    session_.settings.viewMode = byDV ? kViewDV : kViewUnits;
+    ChangeView();
+}
+
+void MainWindow::ChangeView()
+{
+    foodListPage->SetUnitCaptions(!ViewByUnits());
+    PopulateGridHeader();
+}
+
+void MainWindow::OnProfileValidated(bool valid)
+{
+    tabMain->setTabEnabled(1, valid);
+    tabMain->setTabEnabled(2, valid);
+    mnuAddCustomItem->setEnabled(true);
+    gridMain->setEnabled(valid);
+    mnuViewBy->menuAction()->setEnabled(valid);
+    if (valid) {
+        analysisPage->UpdateSummary();
+        PopulateGridHeader();
+    }
+}
+
+void MainWindow::ShowHelpTopic(const char* file, int command, std::optional<int> context)
+{
+    seams_.help.ShowHelp(InFolder(session_.programFolder, QString::fromLatin1(file)), command, context);
+}
+
+void MainWindow::mnuShowTip_Click()
+{
+    // The action has already flipped its check mark.
+    session_.settings.showTips = mnuShowTip->isChecked();
+    if (session_.settings.showTips)
+        session_.settings.currentTip = 0;
+}
+
+void MainWindow::mnuRememberWindowSize_Click()
+{
+    session_.settings.rememberWindowSize = mnuRememberWindowSize->isChecked();
+}
+
+void MainWindow::mnuRememberColumnWidth_Click()
+{
+    session_.settings.rememberColumnWidths = mnuRememberColumnWidth->isChecked();
+}
+
+void MainWindow::Disclaimer()
+{
+    std::vector<std::string> lines(std::begin(kDisclaimerLines), std::end(kDisclaimerLines));
+    seams_.prompts.Beep();
+    seams_.prompts.Message(QString::fromLatin1(JoinLines(lines)), QString::fromLatin1(kDisclaimerTitle),
+                           MsgIcon::Critical);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    Form_Resize();
+}
+
+void MainWindow::Form_Resize()
+{
+    if (isMinimized())
+        return;
+    const int dpiX = DpiX();
+    const int dpiY = DpiY();
+    const int minWidth = TwipsToPx(kDefaultWindowWidth, dpiX);
+    const int minHeight = TwipsToPx(kDefaultWindowHeight, dpiY);
+    if (!isMaximized() && !isFullScreen() && (width() < minWidth || height() < minHeight)) {
+        resize(std::max(width(), minWidth), std::max(height(), minHeight));
+        return;  // the resize comes back here with the new size
+    }
+    const int w = WidthTwips();
+    const int h = HeightTwips();
+    gridMain->setGeometry(TwipsToPx(kGridLeft, dpiX), TwipsToPx(kGridTop, dpiY),
+                          TwipsToPx(w - kGridWidthMargin, dpiX), TwipsToPx(h - kGridHeightMargin, dpiY));
+    tabMain->setGeometry(TwipsToPx(w / 2 - kTabHalfWidth, dpiX), TwipsToPx(kTabTop, dpiY), TwipsToPx(kTabWidth, dpiX),
+                         TwipsToPx(kTabHeight, dpiY));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (loading_) {
+        event->ignore();
+        return;
+    }
+    guard_.Run([&] { Egress(); });
+    event->accept();
+}
+
+void MainWindow::Egress()
+{
+    if (egressDone_ || session_.ended)
+        return;
+    egressDone_ = true;
+    Settings& s = session_.settings;
+
+    profilePage->WriteDefaultPWP();
+
+    if (!s.rememberColumnWidths) {
+        s.columnWidths = kDefaultColumnWidths;
+    } else {
+        for (int c = 0; c < kGridColumns; ++c)
+            s.columnWidths[c] = columns_[c].Twips(gridMain->columnWidth(c), DpiX());
+    }
+    if (s.rememberWindowSize) {
+        s.windowWidth = WidthTwips();
+        s.windowHeight = HeightTwips();
+    } else {
+        s.windowWidth = kDefaultWindowWidth;
+        s.windowHeight = kDefaultWindowHeight;
+    }
+    s.windowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    WriteSettings(session_.programFolder, s);
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    std::string dataPath = FindFileNoCase(session_.programFolder, kDataFileName);
+    if (dataPath.empty())
+        dataPath = JoinPath(session_.programFolder, kDataFileName);
+    SaveDatabase(session_.foodTable, dataPath);
+    QApplication::restoreOverrideCursor();
+
+    session_.ended = true;
+    QCoreApplication::exit(0);
+}
+
+}  // namespace pw

@@ -1,0 +1,109 @@
+#pragma once
+// The main window: the profile, food-list and analysis tabs, the grid of
+// chosen foods, the menus, the resize rule and the one way out, Egress.
+#include <QMainWindow>
+#include <array>
+
+#include "shell/Twips.h"
+
+class QAction;
+class QMenu;
+class QTabWidget;
+class QTableWidget;
+
+namespace pw {
+
+class AnalysisPage;
+class ErrorGuard;
+class FoodListPage;
+class ProfilePage;
+struct Seams;
+struct Session;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // The main window's start-up: menus and geometry from the settings, the
+    // grid header, the default profile, the food table's records and group
+    // list, the quantity list, the view and the first-run tutorial offer.
+    void Form_Load();
+    // Shutdown, in order: default profile, column widths, window size and
+    // state, pw.ini, data.dat; then the program ends. Runs once.
+    void Egress();
+    void Disclaimer();
+    bool EgressDone() const { return egressDone_; }
+
+    void PopulateGridHeader();
+    void ChangeView();
+    bool ViewByUnits() const;
+
+    QTabWidget* tabMain = nullptr;
+    QTableWidget* gridMain = nullptr;
+    ProfilePage* profilePage = nullptr;
+    FoodListPage* foodListPage = nullptr;
+    AnalysisPage* analysisPage = nullptr;
+
+    // Menus and items, named as their objectName.
+    QMenu* mnuFile = nullptr;
+    QMenu* mnuPrint = nullptr;
+    QMenu* mnuDatabase = nullptr;
+    QMenu* mnuViewBy = nullptr;
+    QMenu* mnuOptions = nullptr;
+    QMenu* mnuHelp = nullptr;
+    QAction* mnuOpen = nullptr;
+    QAction* mnuSave = nullptr;
+    QAction* mnuClearList = nullptr;
+    QAction* mnuList = nullptr;
+    QAction* mnuPrintAnalysis = nullptr;
+    QAction* mnuExit = nullptr;
+    QAction* mnuAddCustomItem = nullptr;
+    QAction* mnuSaveAsDish = nullptr;
+    QAction* mnuCopyToFavorites = nullptr;
+    QAction* mnuDeleteFromDatabase = nullptr;
+    QAction* mnuViewByUnits = nullptr;
+    QAction* mnuViewByDV = nullptr;
+    QAction* mnuShowTip = nullptr;
+    QAction* mnuRememberWindowSize = nullptr;
+    QAction* mnuRememberColumnWidth = nullptr;
+    QAction* mnuQuickTutorial = nullptr;
+    QAction* mnuHelpContents = nullptr;
+    QAction* mnuHelpIndex = nullptr;
+    QAction* mnuHelpOnHelp = nullptr;
+    QAction* mnuTechSupport = nullptr;
+    QAction* mnuPlatewellWeb = nullptr;
+    QAction* mnuDisclaimer = nullptr;
+    QAction* mnuAbout = nullptr;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildCentre();
+    void Form_Resize();
+    void OnProfileValidated(bool valid);
+    void ShowHelpTopic(const char* file, int command, std::optional<int> context);
+    void mnuShowTip_Click();
+    void mnuRememberWindowSize_Click();
+    void mnuRememberColumnWidth_Click();
+    void SetViewMode(bool byDV);
+    int DpiX() const;
+    int DpiY() const;
+    int WidthTwips() const;
+    int HeightTwips() const;
+
+    Session& session_;
+    Seams& seams_;
+    ErrorGuard& guard_;
+    bool loading_ = false;
+    bool egressDone_ = false;
+    TwipsLength width_;
+    TwipsLength height_;
+    std::array<TwipsLength, 13> columns_;
+};
+
+}  // namespace pw
