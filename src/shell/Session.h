@@ -3,6 +3,8 @@
 // to each window by reference: no mutable globals.
 #include <string>
 
+#include "analysis/DailyValues.h"
+#include "analysis/Profile.h"
 #include "fooddb/FoodTable.h"
 #include "foodlist/TierMap.h"
 #include "shell/Settings.h"
@@ -19,6 +21,8 @@ struct Session {
     Settings settings;
     TierMap tierMap;
     bool tutorialPending = false;
+    Profile profile;            // the measures of the last profile validation
+    DailyValues dailyValues{};  // kept while the profile is invalid
     // Set when the program is ending, by its shutdown or by a run-time
     // error; from then on nothing more is written.
     bool ended = false;

@@ -1,0 +1,257 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "Fixtures.h"
+#include "core/LineFile.h"
+#include "core/RunTimeError.h"
+#include "fooddb/DataFile.h"
+#include "fooddb/FoodGroups.h"
+
+namespace pw {
+namespace {
+
+using test::DataFileBytes;
+using test::Food;
+using test::SampleTable;
+
+FoodTable Load(const std::string& bytes)
+{
+    FoodTable table;
+    EXPECT_EQ(LoadDatabaseHeader(bytes, table), HeaderResult::Ok);
+    LoadDatabaseRecords(table);
+    return table;
+}
+
+// A data file with the given version line and raw record lines, with a
+// matching header.
+std::string HandMadeFile(const std::string& version, const std::vector<std::string>& records)
+{
+    ShiftTables shifts = BuildShiftTables(SeedFromVersionLine(version));
+    const std::string last = std::to_string(int(records.size()) - 1);
+    std::string bytes = version + "\r\n" + ScrambleField(last, shifts) + "\r\n" +
+                        ScrambleField(std::to_string(CharSum(version) + CharSum(last)), shifts) + "\r\n";
+    for (const auto& r : records)
+        bytes += r + "\r\n";
+    return bytes;
+}
+
+TEST(DataFile, RoundTripIsByteExactAndKeepsEveryRecord)
+{
+    const FoodTable original = SampleTable();
+    const std::string bytes = DataFileBytes(original);
+    FoodTable loaded = Load(bytes);
+
+    ASSERT_EQ(loaded.Count(), original.Count());
+    for (int i = 0; i < original.Count(); ++i)
+        EXPECT_EQ(loaded.Record(i), original.Record(i)) << i;
+    EXPECT_EQ(loaded.DataVersionLine, test::kTestVersionLine);
+    EXPECT_EQ(loaded.ScrambleSeed, 37);
+
+    // Unchanged: written from the lines as read. Changed: rebuilt, and the
+    // same records give the same bytes.
+    EXPECT_EQ(SaveDatabaseToBytes(loaded), bytes);
+    loaded.DatabaseDirty = true;
+    EXPECT_EQ(SaveDatabaseToBytes(loaded), bytes);
+    EXPECT_FALSE(loaded.DatabaseDirty);
+
+    // The scrambling hides the texts.
+    EXPECT_EQ(bytes.find("Butter"), std::string::npos);
+}
+
+TEST(DataFile, AnEditedHeaderIsRefused)
+{
+    const std::string bytes = DataFileBytes(SampleTable());
+    auto lines = SplitLines(bytes);
+    ASSERT_GE(lines.size(), 3u);
+
+    auto refused = [](std::vector<std::string> edited) {
+        FoodTable table;
+        table.Append(Food("Fruits", "Kept", "As it was", "1", 1, 1, 1));
+        const bool mismatch = LoadDatabaseHeader(LinesToBytes(edited), table) == HeaderResult::ChecksumMismatch;
+        if (mismatch)
+            EXPECT_EQ(table.Count(), 1);  // a refused file leaves the table alone
+        return mismatch;
+    };
+    auto checksum = lines;
+    checksum[2][0] = static_cast<char>(checksum[2][0] + 1);
+    EXPECT_TRUE(refused(checksum));
+    auto version = lines;
+    version[0] = "v1.37 Test dat4";
+    EXPECT_TRUE(refused(version));
+    EXPECT_FALSE(refused(lines));
+}
+
+TEST(DataFile, SeedZeroStoresPlainText)
+{
+    FoodTable table = SampleTable("Plain data, seed .0");
+    EXPECT_EQ(table.ScrambleSeed, 0);
+    const std::string bytes = DataFileBytes(table);
+    const auto lines = SplitLines(bytes);
+    EXPECT_EQ(lines[1], "11");
+    EXPECT_EQ(lines[3 + 3], "D\tButter\tSalted\t1 pat\t0\t0\t4\t11\t0\t1\t29\t0\t");
+    EXPECT_EQ(Load(bytes).Record(3), table.Record(3));
+}
+
+TEST(DataFile, TextFieldsHoldAtMost75Characters)
+{
+    FoodTable table = SampleTable();
+    FoodRecord food = table.Record(0);
+    food.description = std::string(75, 'x');
+    table.SetRecord(0, food);
+    EXPECT_EQ(Load(DataFileBytes(table)).Description(0), std::string(75, 'x'));
+
+    food.description = std::string(76, 'x');
+    table.SetRecord(0, food);
+    try {
+        DataFileBytes(table);
+        FAIL() << "a 76-character field was written";
+    } catch (const RunTimeError& e) {
+        EXPECT_EQ(e.Kind(), ErrorKind::SubscriptRange);
+    }
+}
+
+TEST(DataFile, GroupLettersBothWays)
+{
+    FoodTable table = SampleTable();
+    const ShiftTables& s = table.Shifts;
+    const std::string records[] = {
+        BuildRecordLine(Food("", "Carrots", "Raw", "1 medium", 1, 6, 0), "Q", s),
+        BuildRecordLine(Food("", "Mystery", "Thing", "1", 1, 1, 1), "R", s),
+        BuildRecordLine(Food("", "Lower", "Case", "1", 1, 1, 1), "q", s),
+    };
+    FoodTable loaded = Load(HandMadeFile(table.DataVersionLine, {records[0], records[1], records[2]}));
+    EXPECT_EQ(loaded.Group(0), "Vegetables");
+    EXPECT_EQ(loaded.Group(1), "R");
+    EXPECT_EQ(loaded.Group(2), "q");
+
+    // Written back, an unknown name takes the letter of the record before it;
+    // the first record has none to take.
+    loaded.DatabaseDirty = true;
+    FoodTable again = Load(SaveDatabaseToBytes(loaded));
+    EXPECT_EQ(again.Group(1), "Vegetables");
+    EXPECT_EQ(again.Group(2), "Vegetables");
+
+    FoodTable first;
+    SetDataVersion(first, table.DataVersionLine);
+    first.Append(Food("Nuts, Seeds, Lugumes, Beans", "Almonds", "Raw", "1 oz", 6, 6, 14));
+    first.DatabaseDirty = true;
+    const auto line = SplitLines(SaveDatabaseToBytes(first))[3];
+    EXPECT_EQ(line[0], '\t');  // an empty letter field
+
+    for (int i = 0; i < kGroupCount; ++i) {
+        EXPECT_EQ(GroupNameFromLetter(std::string(1, GroupLetter(i))), kGroupNames[i]);
+        EXPECT_EQ(GroupLetterFromName(kGroupNames[i]), GroupLetter(i));
+    }
+    EXPECT_FALSE(GroupLetterFromName("favorites").has_value());
+}
+
+TEST(DataFile, NumbersLoseTheirSignAndCaloriesAreComputed)
+{
+    FoodTable table = SampleTable();
+    FoodRecord food = Food("Fruits", "Odd", "Negative", "1", 10, 20, 5);
+    food.values[kSodium] = -5;
+    table.SetRecord(0, food);
+    const FoodTable loaded = Load(DataFileBytes(table));
+    EXPECT_EQ(loaded.Value(0, kSodium), 5);
+    EXPECT_EQ(loaded.Value(0, kCalories), 165);
+    EXPECT_EQ(loaded.Value(2, kCalories), 4 * (13 + 2) + 7 * 14);  // beer: alcohol counts
+
+    EXPECT_THROW(ComputeCalories(0, 0, 300000000, 0), RunTimeError);
+}
+
+TEST(DataFile, ShiftTablesAndChecksums)
+{
+    const ShiftTables none = BuildShiftTables(0);
+    for (int i = 0; i <= 75; ++i)
+        EXPECT_EQ(none.scramble[i], 0);
+
+    for (std::int16_t seed : {6, 37, 100, 150, 30000}) {
+        const ShiftTables t = BuildShiftTables(seed);
+        for (int i = 0; i <= 75; ++i) {
+            EXPECT_NE(t.scramble[i], 0);
+            EXPECT_LE(std::abs(t.scramble[i]), 5);
+            EXPECT_EQ(t.unscramble[i], -t.scramble[i]);
+        }
+        const std::string text = "Peas / Green, frozen (1 cup) 0123456789";
+        EXPECT_EQ(UnscrambleField(ScrambleField(text, t), t), text);
+    }
+    EXPECT_THROW(BuildShiftTables(1), RunTimeError);  // reads position 1 + 4 - 5 - 4 < 1
+
+    EXPECT_EQ(CharSum(""), 0);
+    EXPECT_EQ(CharSum("AB"), 65 + 66);
+    EXPECT_EQ(CharSum(std::string(128, '\xff')), 32640);
+    EXPECT_THROW(CharSum(std::string(129, '\xff')), RunTimeError);
+
+    const ShiftTables t = BuildShiftTables(37);
+    const std::string edge(1, t.scramble[1] > 0 ? '\xff' : '\0');
+    EXPECT_THROW(ScrambleField(edge, t), RunTimeError);
+    EXPECT_EQ(SeedFromVersionLine("v21.47 USDA"), 47);
+    EXPECT_EQ(SeedFromVersionLine("no point 9"), 0);
+    EXPECT_EQ(SeedFromVersionLine("12"), 12);
+}
+
+TEST(DataFile, BrokenFilesAreRunTimeErrors)
+{
+    const std::string version = test::kTestVersionLine;
+    FoodTable table = SampleTable();
+    const std::string good = BuildRecordLine(table.Record(0), "A", table.Shifts);
+
+    const struct {
+        const char* what;
+        std::string bytes;
+        ErrorKind kind;
+    } cases[] = {
+        {"no header", "", ErrorKind::InputPastEnd},
+        {"two lines", version + "\r\n1\r\n", ErrorKind::InputPastEnd},
+        {"records missing", HandMadeFile(version, {good, good}).substr(0, HandMadeFile(version, {good, good}).size() - good.size() - 2),
+         ErrorKind::InputPastEnd},
+        {"no tabs", HandMadeFile(version, {"abc"}), ErrorKind::InvalidCall},
+        {"field too long", HandMadeFile(version, {std::string(80, 'x') + "\t"}), ErrorKind::SubscriptRange},
+    };
+    for (const auto& c : cases) {
+        try {
+            FoodTable t;
+            if (LoadDatabaseHeader(c.bytes, t) == HeaderResult::Ok)
+                LoadDatabaseRecords(t);
+            ADD_FAILURE() << c.what << ": no error";
+        } catch (const RunTimeError& e) {
+            EXPECT_EQ(e.Kind(), c.kind) << c.what;
+        }
+    }
+
+    // 4,001 records in the header.
+    ShiftTables s = BuildShiftTables(37);
+    std::string big = version + "\r\n" + ScrambleField("4000", s) + "\r\n" +
+                      ScrambleField(std::to_string(CharSum(version) + CharSum("4000")), s) + "\r\n";
+    FoodTable t;
+    EXPECT_THROW(LoadDatabaseHeader(big, t), RunTimeError);
+}
+
+TEST(DataFile, AnyBytesLoadOrRaiseARunTimeError)
+{
+    const std::string good = DataFileBytes(SampleTable());
+    std::mt19937 random(7);
+    int loaded = 0;
+    for (int round = 0; round < 1000; ++round) {
+        std::string bytes = good;
+        const int flips = 1 + int(random() % 8);
+        for (int f = 0; f < flips; ++f)
+            bytes[random() % bytes.size()] = static_cast<char>(random() % 256);
+        if (round % 10 == 0)
+            bytes.resize(random() % bytes.size());
+        FoodTable table;
+        try {
+            if (LoadDatabaseHeader(bytes, table) == HeaderResult::Ok) {
+                LoadDatabaseRecords(table);
+                ++loaded;
+            }
+        } catch (const RunTimeError&) {
+        }
+    }
+    // Damage inside record lines mostly still loads; the header catches the rest.
+    EXPECT_GT(loaded, 0);
+}
+
+}  // namespace
+}  // namespace pw

@@ -1,0 +1,79 @@
+#include "WindowTestSupport.h"
+
+#include <QCoreApplication>
+#include <fcntl.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+namespace pw::test {
+
+std::string QuietSettings(const std::string& extraLines)
+{
+    return "FIRST RUN:False\r\nSHOW TIPS:False\r\n" + extraLines;
+}
+
+ProgramHarness::ProgramHarness() { session.programFolder = folder.Path(); }
+
+ProgramHarness::~ProgramHarness()
+{
+    main.reset();
+    splash.reset();
+}
+
+bool ProgramHarness::LoadSplash()
+{
+    splash = std::make_unique<SplashWindow>(session, fakes.seams, guard);
+    return splash->Form_Load();
+}
+
+bool ProgramHarness::Start()
+{
+    if (!LoadSplash())
+        return false;
+    QObject::connect(splash.get(), &SplashWindow::mainRequested, splash.get(), [this] {
+        guard.Run([this] {
+            main = std::make_unique<MainWindow>(session, fakes.seams, guard);
+            splash->hide();
+            main->Form_Load();
+        });
+    });
+    splash->StartMain();
+    return main != nullptr && !guard.Failed();
+}
+
+FolderWatch::FolderWatch(const std::string& folder)
+{
+    fd_ = inotify_init1(IN_NONBLOCK);
+    if (fd_ >= 0)
+        inotify_add_watch(fd_, folder.c_str(), IN_MOVED_TO | IN_CLOSE_WRITE);
+}
+
+FolderWatch::~FolderWatch()
+{
+    if (fd_ >= 0)
+        ::close(fd_);
+}
+
+std::vector<std::string> FolderWatch::Written()
+{
+    std::vector<std::string> names;
+    alignas(inotify_event) char buffer[8192];
+    for (;;) {
+        const ssize_t got = ::read(fd_, buffer, sizeof buffer);
+        if (got <= 0)
+            break;
+        for (char* p = buffer; p < buffer + got;) {
+            auto* event = reinterpret_cast<inotify_event*>(p);
+            std::string name = event->len ? event->name : "";
+            // Files are written to a temporary name and renamed: count the
+            // renames, and direct writes of any file not named as temporary.
+            const bool temporary = name.find(".tmp") != std::string::npos;
+            if ((event->mask & IN_MOVED_TO) || ((event->mask & IN_CLOSE_WRITE) && !temporary))
+                names.push_back(name);
+            p += sizeof(inotify_event) + event->len;
+        }
+    }
+    return names;
+}
+
+}  // namespace pw::test
