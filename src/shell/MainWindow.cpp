@@ -71,6 +71,14 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
     return menu;
 }
 
+// A menu's title in the bar follows the menu's own enabled state, so both
+// are set (the bar re-enabling its children must not re-enable the menu).
+void SetMenuEnabled(QMenu* menu, bool enabled)
+{
+    menu->setEnabled(enabled);
+    menu->menuAction()->setEnabled(enabled);
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent)
@@ -137,7 +145,9 @@ void MainWindow::BuildMenus()
     // Nothing to save or print while the list is empty.
     for (QAction* listAction : {mnuSave, mnuList, mnuPrintAnalysis})
         listAction->setEnabled(false);
-    mnuPrint->menuAction()->setEnabled(false);
+    SetMenuEnabled(mnuPrint, false);
+    // A new profile starts invalid: nothing to view until it is complete.
+    SetMenuEnabled(mnuViewBy, false);
 
     auto guarded = [this](QAction* action, auto handler) {
         connect(action, &QAction::triggered, this, [this, handler] { guard_.Run([&] { (this->*handler)(); }); });
@@ -297,7 +307,7 @@ void MainWindow::OnProfileValidated(bool valid)
     tabMain->setTabEnabled(2, valid);
     mnuAddCustomItem->setEnabled(true);
     gridMain->setEnabled(valid);
-    mnuViewBy->menuAction()->setEnabled(valid);
+    SetMenuEnabled(mnuViewBy, valid);
     if (valid) {
         analysisPage->UpdateSummary();
         PopulateGridHeader();
