@@ -1,3 +1,8 @@
+list(APPEND MODEL_SOURCES
+  src/analysis/DailyValues.cpp
+  src/analysis/Profile.cpp
+  src/analysis/ProfileFile.cpp
+)
 list(APPEND VIEW_SOURCES
   src/analysis/AnalysisPage.cpp
   src/analysis/ProfilePage.cpp
