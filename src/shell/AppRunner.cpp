@@ -1,5 +1,6 @@
 #include "shell/AppRunner.h"
 
+#include <QScreen>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <csignal>
@@ -60,6 +61,8 @@ int RunPlatewell(int& argc, char** argv)
     std::unique_ptr<MainWindow> mainWindow;
     SplashWindow splash(session, seams, guard);
     splash.adjustSize();
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        splash.move(screen->availableGeometry().center() - splash.rect().center());
     splash.show();
     if (!splash.Form_Load())
         return 1;
