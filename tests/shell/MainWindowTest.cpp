@@ -1,4 +1,6 @@
 #include <QComboBox>
+#include <QLabel>
+#include <QTimer>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProcess>
@@ -70,6 +72,46 @@ private slots:
             QVERIFY(program.LoadSplash());
             QCOMPARE(program.session.foodTable.Count(), 12);
         }
+    }
+
+    void SplashHandsOverOnceByTimerClickOrKey_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::newRow("timer") << "timer";
+        QTest::newRow("key") << "key";
+        QTest::newRow("click on the logo") << "logo";
+        QTest::newRow("click on the window") << "window";
+    }
+
+    void SplashHandsOverOnceByTimerClickOrKey()
+    {
+        QFETCH(QString, way);
+        ProgramHarness program;
+        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        QVERIFY(program.LoadSplash());
+        SplashWindow& splash = *program.splash;
+        int requested = 0;
+        connect(&splash, &SplashWindow::mainRequested, this, [&] { ++requested; });
+        QCOMPARE(splash.timerSplash->interval(), 2000);
+        splash.show();
+        splash.timerSplash->start();
+        if (way == "timer")
+            QTRY_COMPARE_WITH_TIMEOUT(requested, 1, 5000);
+        else if (way == "key")
+            QTest::keyClick(&splash, Qt::Key_Space);
+        else if (way == "logo")
+            QTest::mouseClick(splash.imgLogo, Qt::LeftButton);
+        else
+            QTest::mouseClick(&splash, Qt::LeftButton, {}, QPoint(1, 1));
+        QCOMPARE(requested, 1);
+        QVERIFY(!splash.timerSplash->isActive());
+        // Whatever comes next does not hand over again.
+        QTest::keyClick(&splash, Qt::Key_Return);
+        QTest::mouseClick(splash.imgLogo, Qt::LeftButton);
+        QTest::qWait(50);
+        QCOMPARE(requested, 1);
+        QVERIFY(!program.session.settings.firstRun);  // FIRST RUN:False in the file
+        QVERIFY(!program.session.tutorialPending);
     }
 
     void MainWindowShowsTheStartingState()
@@ -161,6 +203,14 @@ private slots:
         Settings after;
         ReadSettingsText(program.folder.Read("pw.ini"), after);
         QVERIFY(!after.firstRun);
+
+        // Answered No, the offer opens no help.
+        ProgramHarness declined;
+        WriteProgramFolder(declined.folder.Path(), DataFileBytes(SampleTable()));
+        declined.fakes.prompts.answers.push_back(MsgResult::No);
+        QVERIFY(declined.Start());
+        QCOMPARE(declined.fakes.prompts.messages.size(), size_t(1));
+        QVERIFY(declined.fakes.help.calls.empty());
     }
 
     void EgressWritesEachFileOnceInOrder_data()

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "TempFolder.h"
 #include "core/RunTimeError.h"
 #include "shell/Settings.h"
@@ -120,6 +122,30 @@ TEST(Settings, ReaderRules)
 
     EXPECT_THROW(Read("CURRENT TIP:40000\r\n"), RunTimeError);
     EXPECT_THROW(Read("COLUMN00:3000000000\r\n"), RunTimeError);
+}
+
+TEST(Settings, AnyBytesReadOrRaiseAnOverflow)
+{
+    std::mt19937 random(11);
+    const std::string keys[] = {"CURRENT TIP:", "WINDOW WIDTH:", "COLUMN07:", "WINDOW STATE:", "SHOW TIPS:", "VIEW UNITS:"};
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes;
+        const int length = int(random() % 200);
+        for (int i = 0; i < length; ++i) {
+            if (random() % 16 == 0)
+                bytes += keys[random() % 6];
+            bytes += static_cast<char>(random() % 256);
+        }
+        Settings s;
+        try {
+            ReadSettingsText(bytes, s);
+        } catch (const RunTimeError& e) {
+            EXPECT_EQ(e.Kind(), ErrorKind::Overflow);
+        }
+        EXPECT_TRUE(s.viewMode == "UNITS" || s.viewMode == "DV");
+        EXPECT_GE(s.windowWidth, 7728);
+        EXPECT_NE(s.windowState, 1);
+    }
 }
 
 TEST(Settings, MissingFileIsWrittenFromTheCurrentValues)
