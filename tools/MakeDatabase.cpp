@@ -1,0 +1,90 @@
+// platewell_makedb <usda-folder> <output data.dat>
+//
+// Makes the delivered food database from the public-domain USDA National
+// Nutrient Database for Standard Reference, Release 21 (FOOD_DES.txt,
+// ABBREV.txt, WEIGHT.txt in usda-folder) and writes it with the model's own
+// data-file writer. The same files always give the same bytes.
+//
+// Which foods are kept (tools/dbmaker/DatabaseMaker.cpp holds the tables):
+//
+//  1. Groups. USDA groups map onto the 17 groups: Dairy and Egg -> Dairy and
+//     Eggs; Beef, Pork, Lamb/Veal/Game, Sausages and Luncheon Meats -> Meats;
+//     Nut and Seed, Legumes -> Nuts, Seeds, Legumes, Beans; Baked Products,
+//     Cereal Grains and Pasta, Breakfast Cereals -> Bakery and Grains, except
+//     cakes, cookies, pies, brownies, doughnuts, sweet rolls and other
+//     dessert bakes -> Desserts and Sweets; Sweets -> Desserts and Sweets;
+//     Spices and Herbs, sauces and gravies, salad dressings and mayonnaise ->
+//     Condiments; soups, chowders and broths -> Soups; Finfish and Shellfish
+//     -> Seafood; other Fats and Oils -> Fats and Oils; Poultry; Fruits and
+//     Fruit Juices -> Fruits; Vegetables; Beverages; Fast Foods; Meals,
+//     Entrees and Sidedishes; Snacks. Baby foods and ethnic foods are left
+//     out. Favorites gets one entry with an empty description, so that the
+//     chooser shows the group before the user has copied anything there.
+//  2. Left out: brand names (a manufacturer given, or a run of three capital
+//     letters as in "KRAFT" or "McDONALD'S"); infant formula, commodity,
+//     school-lunch, industrial and regional foods; unprepared and
+//     not-reconstituted forms; separable fat, mechanically separated meat
+//     and rarely eaten organs.
+//  3. Beef, pork, lamb, veal, game and poultry are kept cooked only; fish
+//     and shellfish keep a raw entry only where no cooked one exists. The
+//     grades (all grades, choice, select, prime) and trim levels (1/8", 0",
+//     1/4") of one cut are merged into one entry, preferring all grades and
+//     1/8" trim. A cooked food "with salt" is left out where the same food
+//     "without salt" exists.
+//  4. Names. The first part of the USDA long description (up to the first
+//     comma) is the subgroup, the rest the description, each with its first
+//     letter in upper case; a food of one part names itself in both. Parts
+//     that only repeat the group ("Soup, ", "Fast foods, ", "Snacks, ") or
+//     name a family ("Fish, ", "Nuts, ") give way to the next part, so that
+//     the subgroup is "Tomato", "Salmon" or "Almonds". "separable lean only"
+//     reads "lean only"; a description longer than 75 characters is
+//     shortened by fixed rewordings, and a food whose name still does not
+//     fit is left out.
+//  5. Measures. Up to three household measures from WEIGHT.txt, the amount
+//     written as a cook writes it ("1/2 cup", "2-1/2 oz"), laboratory notes
+//     removed; everyday measures of different units first, odd sizes
+//     (jumbo, melted) and bulk ones (lb, package, can, whole bird) last.
+//     Yield-only measures and amounts without a household form are dropped;
+//     a food with no measure left is left out. Values per measure = value
+//     per 100 g x grams / 100, rounded half to even, exactly.
+//  6. Alcohol, for alcoholic beverages only: (Energ_Kcal - 4 Protein -
+//     4 Carbohydrt - 9 Lipid_Tot) / 7 per 100 g, never below zero.
+//  7. How many. Each group has a share of records (360 Meats, 400
+//     Vegetables, ...; about 3,500 in all, so at least 300 of the 4,000
+//     places stay free). Within a group, foods are taken one at a time from
+//     the subgroup whose share so far, (taken + 1) / sqrt(its foods), is
+//     smallest, its most common food first. Most common: a short list of
+//     staple foods first (white bread, whole milk, bananas, ...), then foods
+//     the national dietary survey uses, then foods with more household
+//     measures, then shorter names without rare words (low sodium,
+//     dietetic, dry mix, ...). Survey foods of every subgroup are placed
+//     before any other food.
+//  8. The records are sorted by plain byte order of group, subgroup,
+//     description and measure, as the insert operation keeps them.
+#include <cstdio>
+#include <exception>
+#include <map>
+
+#include "dbmaker/DatabaseMaker.h"
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: %s <usda-folder> <output data.dat>\n", argc > 0 ? argv[0] : "platewell_makedb");
+        return 2;
+    }
+    try {
+        const pw::dbmaker::Selection made = pw::dbmaker::MakeDatabase(argv[1], argv[2]);
+        std::map<std::string, int> perGroup;
+        for (const auto& record : made.records)
+            ++perGroup[record.group];
+        for (const auto& [group, count] : perGroup)
+            std::printf("%5d  %s\n", count, group.c_str());
+        std::printf("%5zu  records from %d of %d foods written to %s\n", made.records.size(), made.foodsKept,
+                    made.foodsRead, argv[2]);
+        return 0;
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "platewell_makedb: %s\n", e.what());
+        return 1;
+    }
+}

@@ -1,0 +1,64 @@
+#pragma once
+// Text shaping for the delivered database: long USDA descriptions cut into
+// comma parts, household amounts written as cooks write them, and measure
+// names cleaned of the notes that only matter to a laboratory.
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pw::dbmaker {
+
+// Whitespace runs collapsed to one blank, blanks trimmed, a blank put after
+// every comma and none before it or inside parentheses: "Beef,  round,x ( a )"
+// becomes "Beef, round, x (a)".
+std::string NormalizeSpacing(std::string_view text);
+
+// The comma-separated parts of a description, trimmed; commas inside
+// parentheses do not separate: "Chickpeas (garbanzo beans, bengal gram), raw"
+// gives two parts.
+std::vector<std::string> SplitParts(std::string_view text);
+std::string JoinParts(const std::vector<std::string>& parts, std::size_t first = 0);
+
+// ASCII case helpers (the USDA texts are ASCII).
+std::string Lower(std::string_view text);
+bool EqualsNoCase(std::string_view a, std::string_view b);
+bool ContainsNoCase(std::string_view text, std::string_view what);
+
+// First character in upper case, the rest unchanged.
+std::string CapitalizeFirst(std::string_view text);
+
+// A household amount in thousandths as a cook writes it: 1000 -> "1",
+// 500 -> "1/2", 333 -> "1/3", 2500 -> "2-1/2", 1250 -> "1-1/4". Fractions
+// with a denominator of 2, 3, 4, 6, 8 or 12 are recognised within 4
+// thousandths; any other amount (3.527, for 100 g in ounces) has no nice
+// form and gives nothing.
+std::optional<std::string> FormatAmount(std::int64_t thousandths);
+
+// The unit of a household measure without its laboratory notes:
+// "cup (1 NLEA serving)" -> "cup", "oz ( 1 serving )" -> "oz",
+// "chop, excluding refuse (yield from 1 raw chop, ...)" -> "chop".
+// Nothing when the measure is only a yield of a raw cut ("piece, cooked,
+// excluding refuse (yield from 1 lb raw meat ...)", "unit (yield ...)").
+std::optional<std::string> CleanMeasureUnit(std::string_view unit);
+
+// The measure text of the table: amount and unit, "1/2 cup". A "serving" with
+// an amount of 1 and a size in its name is written as that size:
+// "serving (3 oz)" -> "3 oz", "serving 1/2 cup" -> "1/2 cup". Nothing when the
+// amount has no nice form, the unit is a bare yield, or the text would exceed
+// 75 characters even without its parenthetical notes.
+std::optional<std::string> MeasureText(std::int64_t amountThousandths, std::string_view unit);
+
+// True for containers and whole items that are rarely one person's serving
+// (lb, package, can, jar, whole pie, loaf, ...): such measures come after the
+// everyday ones when a food has more than three.
+bool IsBulkMeasure(std::string_view measureText);
+
+// Which of a food's measures (in USDA order) to keep, at most count of them:
+// everyday measures before odd sizes ("jumbo", "1 cup, melted") and before
+// bulk ones; a unit not yet chosen ("oz" after "cup") before a second form
+// of the same unit. Returns the chosen indices in order of preference.
+std::vector<std::size_t> ChooseMeasures(const std::vector<std::string>& measureTexts, std::size_t count);
+
+}  // namespace pw::dbmaker
