@@ -289,6 +289,10 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {1000, "unit (yield from 1 lb ready-to-cook chicken)", std::nullopt},
         {500, "breast, bone removed", "1/2 breast, bone removed"},
         {1000, "pat (1\" sq, 1/3\" high)", "1 pat (1\" sq, 1/3\" high)"},
+        {1000, "tablespoon", "1 tbsp"},
+        {4000, "teaspoon", "4 tsp"},
+        {1000, "fluid ounce", "1 fl oz"},
+        {1000, "tablespoonful", "1 tablespoonful"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit), c.expected) << c.amount << " " << c.unit;

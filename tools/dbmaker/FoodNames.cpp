@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdlib>
 
 #include "dbmaker/UsdaFiles.h"
@@ -200,6 +201,18 @@ std::optional<std::string> CleanMeasureUnit(std::string_view unit)
                 return std::nullopt;
         if (ContainsNoCase(text, "yield") || ContainsNoCase(text, "refuse"))
             return std::nullopt;
+    }
+    // One spelling per unit: "tablespoon" and "tbsp" are one measure.
+    static constexpr std::pair<std::string_view, std::string_view> spellings[] = {
+        {"tablespoons", "tbsp"}, {"tablespoon", "tbsp"}, {"teaspoons", "tsp"},
+        {"teaspoon", "tsp"},     {"fluid ounce", "fl oz"}, {"fl. oz", "fl oz"},
+    };
+    for (const auto& [from, to] : spellings) {
+        const std::size_t at = Lower(text).find(from);
+        const bool wordStart = at == 0 || (at != std::string::npos && text[at - 1] == ' ');
+        const std::size_t end = at + from.size();
+        if (wordStart && (end == text.size() || !std::isalpha(static_cast<unsigned char>(text[end]))))
+            text.replace(at, from.size(), to);
     }
     // "2 links 1 NLEA serving", "3 slices 1 serving": the serving note
     // after a measure says nothing more.
