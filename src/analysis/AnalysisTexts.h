@@ -1,0 +1,32 @@
+#pragma once
+// Every fixed message the profile and analysis tabs show, with its title.
+// Lines are joined with CR LF.
+
+namespace pw::texts {
+
+inline constexpr const char* kTitleError = "Error";
+
+inline constexpr const char* kTitleInvalidAge = "Invalid age";
+inline constexpr const char* kInvalidAge =
+    "This program is not intended to be used\r\n"
+    "by persons less than 13 years of age.";
+
+inline constexpr const char* kNumbersOnly = "Enter only numbers in this field.";
+
+inline constexpr const char* kIllegalNameCharacter =
+    "You have entered an illegal character in the Name field.\r\n"
+    "Do not use any of the following characters:\r\n"
+    "      \\  /  :  *  ?  \"  <  >  |";
+
+inline constexpr const char* kTitleSaveProfile = "Save Profile";
+inline constexpr const char* kProfileSaved = "Profile saved.";
+
+// Follows the path of the file.
+inline constexpr const char* kNotAProfileFile =
+    "\r\n"
+    "is not a valid Platewell\r\n"
+    ".pwp file.";
+
+inline constexpr const char* kProfileFilter = "Platewell profiles (*.pwp)|*.pwp";
+
+}  // namespace pw::texts

@@ -1,0 +1,547 @@
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+#include <random>
+
+#include "FakeSeams.h"
+#include "TempFolder.h"
+#include "analysis/ProfilePage.h"
+#include "core/LineFile.h"
+
+using namespace pw;
+using namespace pw::test;
+
+namespace {
+
+const QString kNumbersOnly = QStringLiteral("Enter only numbers in this field.");
+const QString kInvalidAge =
+    QStringLiteral("This program is not intended to be used\r\nby persons less than 13 years of age.");
+const QString kIllegalCharacter = QStringLiteral(
+    "You have entered an illegal character in the Name field.\r\n"
+    "Do not use any of the following characters:\r\n"
+    "      \\  /  :  *  ?  \"  <  >  |");
+
+// A profile page on the fakes, its program folder a fresh temporary one.
+struct Page {
+    explicit Page(int year = 2026)
+    {
+        fakes.clock.year = year;
+        session.programFolder = folder.Path();
+        page = std::make_unique<ProfilePage>(session, fakes.seams);
+        validated = std::make_unique<QSignalSpy>(page.get(), &ProfilePage::profileValidated);
+    }
+
+    template <class T = QWidget>
+    T* Get(const char* name) const
+    {
+        T* w = page->findChild<T*>(QString::fromLatin1(name));
+        if (!w)
+            qFatal("no control %s", name);
+        return w;
+    }
+    QLineEdit* Box(const char* name) const { return Get<QLineEdit>(name); }
+    QRadioButton* Option(const char* name) const { return Get<QRadioButton>(name); }
+    QString Text(const char* name) const { return Box(name)->text(); }
+    void Type(const char* name, const QString& text) const { QTest::keyClicks(Box(name), text); }
+    // The outcome of the latest validation; nothing when none ran.
+    std::optional<bool> LastValidity() const
+    {
+        if (validated->isEmpty())
+            return std::nullopt;
+        return validated->last().at(0).toBool();
+    }
+    const std::vector<RecordedMessage>& Messages() const { return fakes.prompts.messages; }
+
+    void TypeValidProfile(const QString& name = QStringLiteral("Ann")) const
+    {
+        Type("txtName", name);
+        Type("txtYOB", QStringLiteral("62"));
+        Type("txtHeight", QStringLiteral("64"));
+        Type("txtWeight", QStringLiteral("150"));
+    }
+
+    TempFolder folder;
+    FakeSeams fakes;
+    Session session;
+    std::unique_ptr<ProfilePage> page;
+    std::unique_ptr<QSignalSpy> validated;
+};
+
+QString NotAProfileFile(const QString& path)
+{
+    return path + QStringLiteral("\r\nis not a valid Platewell\r\n.pwp file.");
+}
+
+QString Q(const std::string& path) { return QString::fromStdString(path); }
+
+}  // namespace
+
+class ProfilePageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void EveryNamedControlIsThereWithItsCaption()
+    {
+        Page p;
+        const std::pair<const char*, const char*> captions[] = {
+            {"frmMeasurement", "Measurement Preference"}, {"optMeasurement0", "English"},
+            {"optMeasurement1", "Metric"},                {"frameSex", "Sex"},
+            {"optSex0", "Female"},                        {"optSex1", "Male"},
+            {"frameLifestyle", "Lifestyle"},              {"optLifestyle0", "Sedentary"},
+            {"optLifestyle1", "Light"},                   {"optLifestyle2", "Moderate"},
+            {"optLifestyle3", "Active"},                  {"btnNewProfile", "New Profile"},
+            {"btnLoadProfile", "Load Profile"},           {"btnSaveProfile", "Save this Profile"},
+            {"btnTab1Help", "Help"},                      {"labHeightUnits", "inches"},
+            {"labWeightUnits", "pounds"},
+        };
+        for (const auto& [name, caption] : captions) {
+            QWidget* w = p.Get(name);
+            QString text;
+            if (auto* box = qobject_cast<QGroupBox*>(w))
+                text = box->title();
+            else if (auto* button = qobject_cast<QAbstractButton*>(w))
+                text = button->text();
+            else if (auto* label = qobject_cast<QLabel*>(w))
+                text = label->text();
+            QCOMPARE(text, QString::fromLatin1(caption));
+        }
+        const std::pair<const char*, const char*> tooltips[] = {
+            {"txtName", "Enter your name"},
+            {"txtYOB", "Enter last two digits of birth year"},
+            {"optMeasurement0", "Inches and pounds"},
+            {"optMeasurement1", "Centimeters and kilograms"},
+            {"optLifestyle0", "Sitting most of the day"},
+            {"optLifestyle1", "Standing most of the day"},
+            {"optLifestyle2", "Walking, gardening, housework"},
+            {"optLifestyle3", "Dancing, skating, manual labor"},
+        };
+        for (const auto& [name, tooltip] : tooltips)
+            QCOMPARE(p.Get(name)->toolTip(), QString::fromLatin1(tooltip));
+        p.Get<QLineEdit>("txtHeight");
+        p.Get<QLineEdit>("txtWeight");
+
+        // A new page is an unfinished profile in English units.
+        QVERIFY(p.Option("optMeasurement0")->isChecked());
+        QVERIFY(p.Option("optSex0")->isChecked());
+        QVERIFY(p.Option("optLifestyle0")->isChecked());
+        QVERIFY(!p.Get("btnSaveProfile")->isEnabled());
+
+        // It fits the tab page of the main window.
+        const QSize size = p.page->minimumSizeHint();
+        QVERIFY2(size.width() <= 500 && size.height() <= 205,
+                 qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+    }
+
+    void TypingAProfileKeyByKeyMakesItValid()
+    {
+        QTabWidget tabs;  // outlives the page, which leaves it when deleted
+        Page p;
+        tabs.addTab(p.page.get(), QStringLiteral("Profile"));
+        for (const char* title : {"Food List", "Analysis"})
+            tabs.addTab(new QWidget, QString::fromLatin1(title));
+        QObject::connect(p.page.get(), &ProfilePage::profileValidated, &tabs, [&tabs](bool valid) {
+            tabs.setTabEnabled(1, valid);
+            tabs.setTabEnabled(2, valid);
+        });
+
+        p.Type("txtName", QStringLiteral("Ann Lee"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        p.Type("txtYOB", QStringLiteral("6"));
+        p.Type("txtHeight", QStringLiteral("64"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        p.Type("txtWeight", QStringLiteral("15"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));  // one-digit year, 15 pounds
+        p.Type("txtWeight", QStringLiteral("0"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));  // still the one-digit year
+        p.Type("txtYOB", QStringLiteral("2"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+        QVERIFY(tabs.isTabEnabled(1) && tabs.isTabEnabled(2));
+        QVERIFY(p.Get("btnSaveProfile")->isEnabled());
+        QVERIFY(p.Messages().empty());
+
+        const Profile& profile = p.session.profile;
+        QCOMPARE(profile.age, std::int16_t(64));
+        QCOMPARE(profile.weightPounds, 150.0f);
+        QCOMPARE(profile.heightInches, 64.0f);
+        QVERIFY(qAbs(profile.weightKilograms - 68.089f) < 0.001f);
+        QCOMPARE(profile.inputs.name, std::string("Ann Lee"));
+
+        // Sex and lifestyle clicks validate too.
+        const qsizetype before = p.validated->size();
+        p.Option("optSex1")->click();
+        p.Option("optLifestyle2")->click();
+        QCOMPARE(p.validated->size(), before + 2);
+        QCOMPARE(p.session.profile.inputs.sex, kSexMale);
+        QCOMPARE(p.session.profile.inputs.lifestyle, kLifestyleModerate);
+
+        // Backspace over the weight: 15 pounds is too light again.
+        QTest::keyClick(p.Box("txtWeight"), Qt::Key_Backspace);
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        QVERIFY(!tabs.isTabEnabled(1) && !tabs.isTabEnabled(2));
+        QVERIFY(!p.Get("btnSaveProfile")->isEnabled());
+    }
+
+    void SwitchingUnitsShowsTheStoredValuesRounded()
+    {
+        Page p;
+        p.TypeValidProfile();
+        const qsizetype validations = p.validated->size();
+
+        p.Option("optMeasurement1")->click();
+        QCOMPARE(p.Text("txtWeight"), QStringLiteral("68"));  // 150 / 2.203 = 68.09
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("163"));  // 64 x 2.54 = 162.56
+        QCOMPARE(p.Get<QLabel>("labWeightUnits")->text(), QStringLiteral("kg"));
+        QCOMPARE(p.Get<QLabel>("labHeightUnits")->text(), QStringLiteral("cm"));
+        // Nothing recomputed, nothing validated.
+        QCOMPARE(p.validated->size(), validations);
+        QCOMPARE(p.session.profile.weightPounds, 150.0f);
+
+        p.Option("optMeasurement0")->click();
+        QCOMPARE(p.Text("txtWeight"), QStringLiteral("150"));
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("64"));
+        QCOMPARE(p.Get<QLabel>("labWeightUnits")->text(), QStringLiteral("pounds"));
+        QCOMPARE(p.Get<QLabel>("labHeightUnits")->text(), QStringLiteral("inches"));
+
+        // The next edit reads the shown metric values as the source.
+        p.Option("optMeasurement1")->click();
+        QTest::keyClick(p.Box("txtWeight"), Qt::Key_End);
+        QVERIFY(qAbs(p.session.profile.weightPounds - 68.0f * 2.203f) < 0.01f);
+        QCOMPARE(p.session.profile.heightCentimeters, 163.0f);
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+    }
+
+    void NonNumericKeysEmptyTheBox_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("messages");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("letter in height") << "txtHeight" << "a" << 1 << "";
+        QTest::newRow("letter after digits in weight") << "txtWeight" << "12x" << 1 << "";
+        QTest::newRow("letter in year") << "txtYOB" << "a" << 1 << "";
+        QTest::newRow("a lone sign") << "txtHeight" << "-" << 1 << "";
+        QTest::newRow("decimals") << "txtWeight" << "150.5" << 0 << "150.5";
+        QTest::newRow("trailing point") << "txtHeight" << "5." << 0 << "5.";
+        QTest::newRow("blank after digits") << "txtWeight" << "15 " << 0 << "15 ";
+        QTest::newRow("exponent not yet complete") << "txtWeight" << "1e" << 1 << "";
+        QTest::newRow("the name takes letters") << "txtName" << "Ann" << 0 << "Ann";
+    }
+    void NonNumericKeysEmptyTheBox()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, typed);
+        QFETCH(int, messages);
+        QFETCH(QString, left);
+        Page p;
+        p.Type(qPrintable(box), typed);
+        QCOMPARE(int(p.Messages().size()), messages);
+        for (const RecordedMessage& m : p.Messages()) {
+            QCOMPARE(m.text, kNumbersOnly);
+            QCOMPARE(m.title, QStringLiteral("Error"));
+            QVERIFY(m.icon == MsgIcon::Exclamation);
+            QVERIFY(m.buttons == MsgButtons::Ok);
+        }
+        QCOMPARE(p.Text(qPrintable(box)), left);
+
+        // Keys on an empty box say nothing.
+        p.Box(qPrintable(box))->clear();
+        QTest::keyClick(p.Box(qPrintable(box)), Qt::Key_Backspace);
+        QCOMPARE(int(p.Messages().size()), messages);
+    }
+
+    void IllegalNameCharactersAreRemovedWithTheMessage_data()
+    {
+        QTest::addColumn<QString>("character");
+        for (const char* c : {"\\", "/", ":", "*", "?", "\"", "<", ">", "|"})
+            QTest::newRow(c) << QString::fromLatin1(c);
+    }
+    void IllegalNameCharactersAreRemovedWithTheMessage()
+    {
+        QFETCH(QString, character);
+        Page p;
+        p.page->show();
+        p.Type("txtName", QStringLiteral("Ann") + character);
+        QCOMPARE(p.Text("txtName"), QStringLiteral("Ann"));
+        QCOMPARE(p.fakes.prompts.events, (std::vector<QString>{QStringLiteral("beep"), QStringLiteral("message:Error")}));
+        const RecordedMessage& m = p.Messages().at(0);
+        QCOMPARE(m.text, kIllegalCharacter);
+        QVERIFY(m.icon == MsgIcon::Critical);
+        QVERIFY(m.buttons == MsgButtons::Ok);
+        QCOMPARE(p.Box("txtName")->cursorPosition(), 3);
+
+        // Pasted into the middle: each key-up takes the last character, and
+        // says so again while the offender stays.
+        p.Box("txtName")->setText(QStringLiteral("A") + character + QStringLiteral("nn"));
+        QTest::keyClick(p.Box("txtName"), Qt::Key_End);
+        QCOMPARE(p.Text("txtName"), QStringLiteral("A") + character + QStringLiteral("n"));
+        QTest::keyClick(p.Box("txtName"), Qt::Key_End);
+        QTest::keyClick(p.Box("txtName"), Qt::Key_End);
+        QCOMPARE(p.Text("txtName"), QStringLiteral("A"));
+        QCOMPARE(p.fakes.prompts.beeps, 4);
+        QCOMPARE(int(p.Messages().size()), 4);
+        QTest::keyClick(p.Box("txtName"), Qt::Key_End);
+        QCOMPARE(int(p.Messages().size()), 4);
+    }
+
+    void AgeUnder13IsRefusedWithTheMessage()
+    {
+        Page p(2001);
+        p.page->show();
+        p.page->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(p.page.get()));
+        p.Type("txtHeight", QStringLiteral("60"));
+        p.Type("txtWeight", QStringLiteral("100"));
+
+        p.Type("txtYOB", QStringLiteral("88"));  // 13 in 2001
+        QVERIFY(p.Messages().empty());
+        QCOMPARE(p.session.profile.age, std::int16_t(13));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+
+        p.Box("txtYOB")->clear();
+        p.Box("txtName")->setFocus();
+        p.Type("txtYOB", QStringLiteral("8"));  // one digit: invalid, no message
+        QVERIFY(p.Messages().empty());
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        p.Type("txtYOB", QStringLiteral("9"));  // 12 in 2001
+        QCOMPARE(int(p.Messages().size()), 1);
+        QCOMPARE(p.Messages()[0].text, kInvalidAge);
+        QCOMPARE(p.Messages()[0].title, QStringLiteral("Invalid age"));
+        QVERIFY(p.Messages()[0].icon == MsgIcon::Exclamation);
+        QCOMPARE(p.Text("txtYOB"), QString());
+        QCOMPARE(p.session.profile.age, std::int16_t(12));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        QCOMPARE(QApplication::focusWidget(), p.Get("txtYOB"));
+
+        p.Type("txtYOB", QStringLiteral("5."));  // 1905
+        QCOMPARE(p.session.profile.age, std::int16_t(96));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+        QCOMPARE(int(p.Messages().size()), 1);
+    }
+
+    void NewProfileEmptiesTheEntries()
+    {
+        Page p;
+        p.TypeValidProfile();
+        p.Option("optSex1")->click();
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+        p.Get<QPushButton>("btnNewProfile")->click();
+        for (const char* box : {"txtName", "txtYOB", "txtHeight", "txtWeight"})
+            QCOMPARE(p.Text(box), QString());
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+        QVERIFY(!p.Get("btnSaveProfile")->isEnabled());
+        QVERIFY(p.Option("optSex1")->isChecked());
+        QVERIFY(p.Messages().empty());
+    }
+
+    void HelpOpensTheProfileTopic()
+    {
+        Page p;
+        p.Get<QPushButton>("btnTab1Help")->click();
+        QCOMPARE(p.fakes.help.calls.size(), size_t(1));
+        QCOMPARE(p.fakes.help.calls[0].file, Q(p.folder.File("Pw.hlp")));
+        QCOMPARE(p.fakes.help.calls[0].command, kHelpContext);
+        QCOMPARE(p.fakes.help.calls[0].context, std::optional<int>(2));
+    }
+
+    void SaveProfileWritesTheFileAndSaysSo()
+    {
+        Page p;
+        p.TypeValidProfile();
+        p.Option("optLifestyle2")->click();
+        const std::string path = p.folder.File("ann.pwp");
+        p.fakes.files.answers.push_back(Q(path));
+        p.Get<QPushButton>("btnSaveProfile")->click();
+
+        QCOMPARE(p.fakes.files.saveRequests.size(), size_t(1));
+        const FileDialogRequest& r = p.fakes.files.saveRequests[0];
+        QCOMPARE(r.initialFolder, Q(p.folder.Path()));
+        QCOMPARE(r.defaultExtension, QStringLiteral(".pwp"));
+        QCOMPARE(r.proposedName, QStringLiteral("Ann.pwp"));
+        QCOMPARE(r.filter, QStringLiteral("Platewell profiles (*.pwp)|*.pwp"));
+        QVERIFY(r.overwritePrompt && r.pathMustExist);
+        QCOMPARE(ReadWholeFile(path),
+                 std::string("NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\nSEX: 0 \r\n"
+                             "LIFESTYLE: 2 \r\n"));
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QCOMPARE(p.Messages()[0].text, QStringLiteral("Profile saved."));
+        QCOMPARE(p.Messages()[0].title, QStringLiteral("Save Profile"));
+        QVERIFY(p.Messages()[0].icon == MsgIcon::Information);
+
+        // A name no file may carry proposes no name.
+        p.Box("txtName")->setText(QStringLiteral("A/B"));
+        p.fakes.files.answers.push_back(std::nullopt);
+        p.Get<QPushButton>("btnSaveProfile")->click();
+        QCOMPARE(p.fakes.files.saveRequests.at(1).proposedName, QString());
+        // Cancelled, or a folder that is not there: silence and no file.
+        p.fakes.files.answers.push_back(Q(p.folder.File("missing/x.pwp")));
+        p.Get<QPushButton>("btnSaveProfile")->click();
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QVERIFY(!p.folder.Exists("missing"));
+    }
+
+    void LoadProfileSetsTheControls()
+    {
+        Page p;
+        p.folder.Write("bob.pwp", "name:Bob: the builder\r\nYOB: 70 \r\nMEASUREMENT: 1 \r\nHEIGHT:180\r\n"
+                                  "WEIGHT:80\r\nSEX: 1 \r\nLIFESTYLE: 3 \r\n");
+        p.fakes.files.answers.push_back(Q(p.folder.File("bob.pwp")));
+        p.Get<QPushButton>("btnLoadProfile")->click();
+
+        QCOMPARE(p.fakes.files.openRequests.size(), size_t(1));
+        const FileDialogRequest& r = p.fakes.files.openRequests[0];
+        QCOMPARE(r.initialFolder, Q(p.folder.Path()));
+        QCOMPARE(r.defaultExtension, QStringLiteral(".pwp"));
+        QCOMPARE(r.filter, QStringLiteral("Platewell profiles (*.pwp)|*.pwp"));
+        QVERIFY(r.fileMustExist && r.hideReadOnly);
+
+        QCOMPARE(p.Text("txtName"), QStringLiteral("Bob: the builder"));
+        QCOMPARE(p.Text("txtYOB"), QStringLiteral("70"));
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("180"));
+        QCOMPARE(p.Text("txtWeight"), QStringLiteral("80"));
+        QVERIFY(p.Option("optMeasurement1")->isChecked());
+        QCOMPARE(p.Get<QLabel>("labWeightUnits")->text(), QStringLiteral("kg"));
+        QVERIFY(p.Option("optSex1")->isChecked());
+        QVERIFY(p.Option("optLifestyle3")->isChecked());
+        QVERIFY(p.Messages().empty());
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+        QVERIFY(qAbs(p.session.profile.weightPounds - 176.24f) < 0.01f);
+
+        // Cancel does nothing.
+        const qsizetype validations = p.validated->size();
+        p.Get<QPushButton>("btnLoadProfile")->click();
+        QCOMPARE(p.validated->size(), validations);
+        QVERIFY(p.Messages().empty());
+    }
+
+    void LoadingKeepsTheFormatsQuirks()
+    {
+        Page p;
+        p.TypeValidProfile();
+        p.folder.Write("default.pwp", "kept until a profile without height is read");
+        // A one-character year empties the box; sex 2 selects neither option.
+        p.folder.Write("odd.pwp", "YOB:5\r\nSEX:2\r\nNAME:Odd\r\nWEIGHT:130\r\n");
+        QVERIFY(p.page->ReadPWP(Q(p.folder.File("odd.pwp"))));
+        QCOMPARE(p.Text("txtYOB"), QString());
+        QVERIFY(!p.Option("optSex0")->isChecked() && !p.Option("optSex1")->isChecked());
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("64"));  // no HEIGHT line: kept
+        QVERIFY(p.folder.Exists("default.pwp"));
+        QCOMPARE(p.LastValidity(), std::optional<bool>(false));
+
+        // Saved again, the empty sex reads back as empty.
+        p.page->WritePWP(Q(p.folder.File("odd2.pwp")));
+        QVERIFY(p.folder.Read("odd2.pwp").find("SEX:-1 \r\n") != std::string::npos);
+        p.Option("optSex1")->click();
+        QVERIFY(p.page->ReadPWP(Q(p.folder.File("odd2.pwp"))));
+        QVERIFY(!p.Option("optSex0")->isChecked() && !p.Option("optSex1")->isChecked());
+
+        // An empty height after reading deletes the default profile, whatever
+        // file was read.
+        p.folder.Write("short.pwp", "NAME:Short\r\nHEIGHT:\r\nWEIGHT:130\r\n");
+        QVERIFY(p.page->ReadPWP(Q(p.folder.File("short.pwp"))));
+        QVERIFY(!p.folder.Exists("default.pwp"));
+        QVERIFY(p.Messages().empty());
+    }
+
+    void NotAProfileFileGetsTheMessage()
+    {
+        Page p;
+        p.TypeValidProfile();
+        p.folder.Write("default.pwp", "x");
+        const qsizetype validations = p.validated->size();
+
+        // Lines before the bad one are applied; nothing is validated after.
+        const std::string path = p.folder.File("binary.pwp");
+        static const char binary[] = "HEIGHT:70\r\nWEIGHT:40\r\n\x89PNG\x1a\n\0\0";
+        p.folder.Write("binary.pwp", std::string(binary, sizeof binary - 1));
+        QVERIFY(!p.page->ReadPWP(Q(path)));
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QCOMPARE(p.Messages()[0].text, NotAProfileFile(Q(path)));
+        QCOMPARE(p.Messages()[0].title, QStringLiteral("Error"));
+        QVERIFY(p.Messages()[0].icon == MsgIcon::Critical);
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("70"));
+        QCOMPARE(p.Text("txtWeight"), QStringLiteral("40"));
+        QCOMPARE(p.validated->size(), validations);
+        QVERIFY(p.Get("btnSaveProfile")->isEnabled());
+        QVERIFY(p.folder.Exists("default.pwp"));
+
+        // A missing file.
+        const std::string missing = p.folder.File("gone.pwp");
+        QVERIFY(!p.page->ReadPWP(Q(missing)));
+        QCOMPARE(p.Messages().back().text, NotAProfileFile(Q(missing)));
+
+        // A number too large for the profile met while the lines are applied.
+        p.folder.Write("huge.pwp", "WEIGHT:1e39\r\nNAME:Big\r\nHEIGHT:64\r\n");
+        QVERIFY(!p.page->ReadPWP(Q(p.folder.File("huge.pwp"))));
+        QCOMPARE(p.Messages().back().text, NotAProfileFile(Q(p.folder.File("huge.pwp"))));
+        QCOMPARE(p.Text("txtHeight"), QStringLiteral("70"));  // the line after the fault is not applied
+        QCOMPARE(p.Messages().size(), size_t(3));
+    }
+
+    void RandomFilesNeverCrashTheLoader()
+    {
+        Page p;
+        std::mt19937 random(7);
+        std::uniform_int_distribution<int> byte(0, 255);
+        const std::string path = p.folder.File("random.pwp");
+        for (int round = 0; round < 60; ++round) {
+            std::string bytes(std::size_t(random() % 300), '\0');
+            for (char& c : bytes)
+                c = char(byte(random));
+            if (round % 3 == 0)
+                bytes = "NAME:R\r\nSEX:" + bytes;
+            bytes += '\0';
+            p.folder.Write("random.pwp", bytes);
+            const std::size_t before = p.Messages().size();
+            QVERIFY(!p.page->ReadPWP(Q(path)));
+            QCOMPARE(p.Messages().size(), before + 1);
+            QCOMPARE(p.Messages().back().text, NotAProfileFile(Q(path)));
+        }
+    }
+
+    void DefaultProfileIsFoundWhateverItsCaseAndWrittenAtExit()
+    {
+        {
+            Page p;
+            p.page->ReadDefaultPWP();  // none: nothing, no message
+            QVERIFY(p.Messages().empty());
+            QVERIFY(p.validated->isEmpty());
+            QVERIFY(!p.folder.Exists("default.pwp"));
+        }
+        {
+            Page p;
+            p.folder.Write("DEFAULT.PWP", "NAME:Upper\r\nYOB:62\r\nHEIGHT:64\r\nWEIGHT:150\r\n");
+            p.page->ReadDefaultPWP();
+            QCOMPARE(p.Text("txtName"), QStringLiteral("Upper"));
+            QCOMPARE(p.LastValidity(), std::optional<bool>(true));
+
+            p.Box("txtName")->setText(QStringLiteral("Changed"));
+            p.page->WriteDefaultPWP();
+            QCOMPARE(p.folder.Read("DEFAULT.PWP"),
+                     std::string("NAME:Changed\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\n"
+                                 "SEX: 0 \r\nLIFESTYLE: 0 \r\n"));
+        }
+        {
+            // Written whether valid or not, and read back into a new page.
+            Page p;
+            p.Type("txtName", QStringLiteral("Half"));
+            p.Type("txtHeight", QStringLiteral("64"));
+            p.page->WriteDefaultPWP();
+            QCOMPARE(p.folder.Read("default.pwp"),
+                     std::string("NAME:Half\r\nYOB:0\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:\r\nSEX: 0 \r\n"
+                                 "LIFESTYLE: 0 \r\n"));
+            ProfilePage next(p.session, p.fakes.seams);
+            next.ReadDefaultPWP();
+            QCOMPARE(next.findChild<QLineEdit*>(QStringLiteral("txtName"))->text(), QStringLiteral("Half"));
+            // No weight: the half-filled default does not survive its reading.
+            QVERIFY(!p.folder.Exists("default.pwp"));
+        }
+    }
+};
+
+QTEST_MAIN(ProfilePageTest)
+#include "ProfilePageTest.moc"
