@@ -1,7 +1,14 @@
 #pragma once
+#include <QString>
 #include <QWidget>
+#include <array>
+#include <vector>
 
+#include "fooddb/FoodTable.h"
 #include "shell/Session.h"
+
+class QGroupBox;
+class QLabel;
 
 namespace pw {
 
@@ -10,10 +17,35 @@ class AnalysisPage : public QWidget {
     Q_OBJECT
 public:
     explicit AnalysisPage(Session& session, QWidget* parent = nullptr);
+
+    // Turns the session's validated profile into the daily values (kept in
+    // the session) and the age, BMI and daily-value captions, enabling the
+    // page. An overflow is a run-time error.
     void UpdateSummary();
 
+    // The caption of labDailyIntake(i), i in 0..7 (Nutrient order).
+    void SetDailyIntake(int i, const QString& text);
+
 private:
+    void BuildControls();
+
     Session& session_;
+
+    // The controls; each one's objectName is its member name (the arrays'
+    // labels are "labNutrient0", "labMDR0", ...).
+    QGroupBox* frameAnalysis = nullptr;
+    QLabel* labAge = nullptr;
+    QLabel* labAgeResults = nullptr;
+    QLabel* labAgeUnits = nullptr;
+    QLabel* labBMILabel = nullptr;
+    QLabel* labBMI = nullptr;
+    QLabel* labBMIInterpretation = nullptr;
+    std::array<QLabel*, 3> labHeader{};
+    std::array<QLabel*, kShownNutrients> labNutrient{};
+    std::array<QLabel*, kShownNutrients> labMDR{};
+    std::array<QLabel*, kShownNutrients> labDailyIntake{};
+    // The column headers repeated over the second group of nutrients.
+    std::array<QLabel*, 3> secondHeader_{};
 };
 
 }  // namespace pw
