@@ -6,7 +6,6 @@
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
-#include <random>
 
 #include "FakeSeams.h"
 #include "TempFolder.h"
@@ -480,27 +479,6 @@ private slots:
         QCOMPARE(p.Messages().back().text, NotAProfileFile(Q(p.folder.File("huge.pwp"))));
         QCOMPARE(p.Text("txtHeight"), QStringLiteral("70"));  // the line after the fault is not applied
         QCOMPARE(p.Messages().size(), size_t(3));
-    }
-
-    void RandomFilesNeverCrashTheLoader()
-    {
-        Page p;
-        std::mt19937 random(7);
-        std::uniform_int_distribution<int> byte(0, 255);
-        const std::string path = p.folder.File("random.pwp");
-        for (int round = 0; round < 60; ++round) {
-            std::string bytes(std::size_t(random() % 300), '\0');
-            for (char& c : bytes)
-                c = char(byte(random));
-            if (round % 3 == 0)
-                bytes = "NAME:R\r\nSEX:" + bytes;
-            bytes += '\0';
-            p.folder.Write("random.pwp", bytes);
-            const std::size_t before = p.Messages().size();
-            QVERIFY(!p.page->ReadPWP(Q(path)));
-            QCOMPARE(p.Messages().size(), before + 1);
-            QCOMPARE(p.Messages().back().text, NotAProfileFile(Q(path)));
-        }
     }
 
     void DefaultProfileIsFoundWhateverItsCaseAndWrittenAtExit()
