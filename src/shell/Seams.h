@@ -72,7 +72,9 @@ struct Seams {
     Clock& clock;
 };
 
-// The program folder's path + "/" + name, as a QString.
+// The path of the file name in the program folder: an existing file whose
+// name differs only in case is taken (the program spells its help file both
+// "pw.hlp" and "Pw.hlp"), else folder + "/" + name.
 QString InFolder(const std::string& folder, const QString& name);
 
 }  // namespace pw
