@@ -64,11 +64,14 @@ MsgResult MessageBoxPrompts::Message(const QString& text, const QString& title, 
 
 void MessageBoxPrompts::Beep() { QApplication::beep(); }
 
-std::optional<QString> SystemFileDialogs::OpenFile(const FileDialogRequest& r)
+namespace {
+
+std::optional<QString> RunFileDialog(const FileDialogRequest& r, QFileDialog::AcceptMode mode)
 {
     QFileDialog dialog(QApplication::activeWindow(), QString(), StartPath(r), QtFilter(r.filter));
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(r.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen && r.fileMustExist ? QFileDialog::ExistingFile
+                                                                         : QFileDialog::AnyFile);
     if (!r.defaultExtension.isEmpty())
         dialog.setDefaultSuffix(r.defaultExtension.mid(1));
     if (!r.overwritePrompt)
@@ -78,18 +81,16 @@ std::optional<QString> SystemFileDialogs::OpenFile(const FileDialogRequest& r)
     return WithDefaultExtension(dialog.selectedFiles().first(), r);
 }
 
+}  // namespace
+
+std::optional<QString> SystemFileDialogs::OpenFile(const FileDialogRequest& r)
+{
+    return RunFileDialog(r, QFileDialog::AcceptOpen);
+}
+
 std::optional<QString> SystemFileDialogs::SaveFile(const FileDialogRequest& r)
 {
-    QFileDialog dialog(QApplication::activeWindow(), QString(), StartPath(r), QtFilter(r.filter));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    if (!r.defaultExtension.isEmpty())
-        dialog.setDefaultSuffix(r.defaultExtension.mid(1));
-    if (!r.overwritePrompt)
-        dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return WithDefaultExtension(dialog.selectedFiles().first(), r);
+    return RunFileDialog(r, QFileDialog::AcceptSave);
 }
 
 void SystemHelpDisplay::ShowHelp(const QString& helpFile, int command, std::optional<int> context)

@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstdlib>
 
+#include "core/Text.h"
 #include "dbmaker/UsdaFiles.h"
 #include "fooddb/FoodTable.h"
 
@@ -120,13 +121,7 @@ std::string JoinParts(const std::vector<std::string>& parts, std::size_t first)
     return out;
 }
 
-std::string Lower(std::string_view text)
-{
-    std::string out(text);
-    for (char& c : out)
-        c = LowerChar(c);
-    return out;
-}
+std::string Lower(std::string_view text) { return LowerLatin1(text); }
 
 bool EqualsNoCase(std::string_view a, std::string_view b)
 {
