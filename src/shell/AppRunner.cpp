@@ -9,6 +9,7 @@
 
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
+#include "shell/ProgramWindows.h"
 #include "shell/RealSeams.h"
 #include "shell/Session.h"
 #include "shell/SplashWindow.h"
@@ -58,27 +59,19 @@ int RunPlatewell(int& argc, char** argv)
     ErrorGuard guard(session, prompts);
     app.SetGuard(&guard);
 
-    std::unique_ptr<MainWindow> mainWindow;
-    SplashWindow splash(session, seams, guard);
+    ProgramWindows windows(session, seams, guard);
+    QObject::connect(&windows, &ProgramWindows::mainShown, &app, [&](MainWindow* w) { prompts.SetParent(w); });
+    SplashWindow& splash = windows.CreateSplash();
     splash.adjustSize();
     if (QScreen* screen = QGuiApplication::primaryScreen())
         splash.move(screen->availableGeometry().center() - splash.rect().center());
     splash.show();
-    if (!splash.Form_Load())
+    if (!windows.LoadSplash())
         return 1;
 
-    QObject::connect(&splash, &SplashWindow::mainRequested, &app, [&] {
-        guard.Run([&] {
-            mainWindow = std::make_unique<MainWindow>(session, seams, guard);
-            prompts.SetParent(mainWindow.get());
-            splash.hide();
-            mainWindow->Form_Load();
-        });
-    });
-
     auto terminate = [&] {
-        if (mainWindow && !mainWindow->EgressDone())
-            guard.Run([&] { mainWindow->Egress(); });
+        if (windows.main && !windows.main->EgressDone())
+            guard.Run([&] { windows.main->Egress(); });
         else
             QCoreApplication::exit(0);
     };

@@ -1,13 +1,16 @@
 list(APPEND MODEL_SOURCES
   src/shell/Settings.cpp
+  src/shell/Tips.cpp
 )
 list(APPEND VIEW_SOURCES
   src/shell/AppRunner.cpp
   src/shell/ErrorGuard.cpp
   src/shell/Logo.cpp
   src/shell/MainWindow.cpp
+  src/shell/ProgramWindows.cpp
   src/shell/RealSeams.cpp
   src/shell/Seams.cpp
   src/shell/SplashWindow.cpp
+  src/shell/TipWindow.cpp
   src/shell/Twips.cpp
 )

@@ -44,6 +44,7 @@ std::string DataFileBytes(FoodTable table)
 void WriteProgramFolder(const std::string& folder, const std::string& dataBytes, const std::string& settings)
 {
     WriteFileAtomic(JoinPath(folder, "data.dat"), dataBytes);
+    WriteFileAtomic(JoinPath(folder, "tips.txt"), "First tip.\r\nSecond tip.\r\nThird tip.\r\n");
     if (!settings.empty())
         WriteFileAtomic(JoinPath(folder, "pw.ini"), settings);
 }

@@ -20,7 +20,8 @@ FoodTable SampleTable(const std::string& versionLine = kTestVersionLine);
 // The bytes of a data file holding table.
 std::string DataFileBytes(FoodTable table);
 
-// Writes data.dat (and, when settings is not empty, pw.ini) into folder.
+// Writes data.dat, a tips.txt of three tips and, when settings is not
+// empty, pw.ini into folder.
 void WriteProgramFolder(const std::string& folder, const std::string& dataBytes, const std::string& settings = {});
 
 }  // namespace pw::test

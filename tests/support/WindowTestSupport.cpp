@@ -1,6 +1,7 @@
 #include "WindowTestSupport.h"
 
 #include <QCoreApplication>
+#include <QPushButton>
 #include <fcntl.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -14,30 +15,17 @@ std::string QuietSettings(const std::string& extraLines)
 
 ProgramHarness::ProgramHarness() { session.programFolder = folder.Path(); }
 
-ProgramHarness::~ProgramHarness()
-{
-    main.reset();
-    splash.reset();
-}
+ProgramHarness::~ProgramHarness() = default;
 
-bool ProgramHarness::LoadSplash()
-{
-    splash = std::make_unique<SplashWindow>(session, fakes.seams, guard);
-    return splash->Form_Load();
-}
+bool ProgramHarness::LoadSplash() { return windows.LoadSplash(); }
 
 bool ProgramHarness::Start()
 {
     if (!LoadSplash())
         return false;
-    QObject::connect(splash.get(), &SplashWindow::mainRequested, splash.get(), [this] {
-        guard.Run([this] {
-            main = std::make_unique<MainWindow>(session, fakes.seams, guard);
-            splash->hide();
-            main->Form_Load();
-        });
-    });
     splash->StartMain();
+    if (tip && !main)
+        tip->cmdOK->click();
     return main != nullptr && !guard.Failed();
 }
 

@@ -9,6 +9,7 @@
 #include "TempFolder.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
+#include "shell/ProgramWindows.h"
 #include "shell/Session.h"
 #include "shell/SplashWindow.h"
 
@@ -24,7 +25,8 @@ public:
 
     // The splash's checks and reads; false when the program would end.
     bool LoadSplash();
-    // Splash, then StartMain and the main window's load; false when the
+    // Splash, then StartMain, the tip window when tips are on (closed as
+    // its OK button closes it) and the main window's load; false when the
     // splash refused or a run-time error was reported.
     bool Start();
 
@@ -32,8 +34,10 @@ public:
     FakeSeams fakes;
     Session session;
     ErrorGuard guard{session, fakes.prompts};
-    std::unique_ptr<SplashWindow> splash;
-    std::unique_ptr<MainWindow> main;
+    ProgramWindows windows{session, fakes.seams, guard};
+    std::unique_ptr<SplashWindow>& splash = windows.splash;
+    std::unique_ptr<TipWindow>& tip = windows.tip;
+    std::unique_ptr<MainWindow>& main = windows.main;
 };
 
 // Records, in order, the files renamed into (or written in) a folder.
