@@ -1,4 +1,5 @@
 list(APPEND MODEL_SOURCES
+  src/foodlist/Quantity.cpp
   src/foodlist/TierMap.cpp
 )
 list(APPEND VIEW_SOURCES
