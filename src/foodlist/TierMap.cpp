@@ -41,4 +41,33 @@ std::vector<std::string> RebuildGroupColumn(const FoodTable& table, TierMap& map
     return groups;
 }
 
+std::vector<std::string> RebuildTierColumn(const FoodTable& table, TierMap& map, int tier, int position)
+{
+    if (tier < 1 || tier >= kTiers)
+        throw RunTimeError(ErrorKind::SubscriptRange, "tier " + std::to_string(tier));
+    const int first = map.Get(position, tier - 1);
+    const int end = map.Get(position + 1, tier - 1);
+    const auto field = [&](int i) -> const std::string& {
+        return tier == 1 ? table.Subgroup(i) : tier == 2 ? table.Description(i) : table.Measure(i);
+    };
+
+    std::vector<std::string> entries;
+    std::string previous;
+    int k = 0;
+    int i = first;
+    for (; i < end; ++i) {
+        const std::string& text = field(i);
+        if (tier >= 2 && text.empty())
+            continue;
+        if (text != previous) {
+            map.Set(k, tier, i);
+            ++k;
+            entries.push_back(text);
+        }
+        previous = text;
+    }
+    map.Set(k, tier, i);
+    return entries;
+}
+
 }  // namespace pw

@@ -28,4 +28,12 @@ private:
 // text once, in table order, where it first differs from the record before.
 std::vector<std::string> RebuildGroupColumn(const FoodTable& table, TierMap& map);
 
+// Rebuilds column tier (1 subgroups, 2 descriptions, 3 measures) from the run
+// of records that row position of column tier - 1 names, and returns the
+// tier's list: each text once where it differs from the one before (the
+// first compared with an empty text). Records with an empty description or
+// measure are skipped at tiers 2 and 3. The row after the last entry gets the
+// index one past the run. Rows and indices out of range are run-time errors.
+std::vector<std::string> RebuildTierColumn(const FoodTable& table, TierMap& map, int tier, int position);
+
 }  // namespace pw

@@ -1,4 +1,5 @@
 list(APPEND MODEL_SOURCES
+  src/foodlist/ChooserState.cpp
   src/foodlist/Quantity.cpp
   src/foodlist/TierMap.cpp
 )

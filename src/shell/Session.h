@@ -6,6 +6,7 @@
 #include "analysis/DailyValues.h"
 #include "analysis/Profile.h"
 #include "fooddb/FoodTable.h"
+#include "foodlist/ChooserState.h"
 #include "foodlist/TierMap.h"
 #include "shell/Settings.h"
 
@@ -20,6 +21,7 @@ struct Session {
     FoodTable foodTable;
     Settings settings;
     TierMap tierMap;
+    ChooserState chooser;  // the food and quantity being chosen
     bool tutorialPending = false;
     Profile profile;            // the measures of the last profile validation
     DailyValues dailyValues{};  // kept while the profile is invalid
