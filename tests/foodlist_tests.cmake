@@ -1,5 +1,6 @@
 # Food chooser and quantity entry: the tier lists, the scaled nutrients and
-# the quantity parser as model tests.
+# the quantity parser as model tests; the chooser on the food-list tab as
+# window tests, on small tables and on the delivered database.
 add_executable(foodlist_model_tests
   foodlist/ChooserStateTest.cpp
   foodlist/QuantityTest.cpp
@@ -7,3 +8,10 @@ add_executable(foodlist_model_tests
 )
 target_link_libraries(foodlist_model_tests PRIVATE platewell_test_support GTest::gtest_main)
 gtest_discover_tests(foodlist_model_tests DISCOVERY_TIMEOUT 60)
+
+if(PLATEWELL_GUI)
+  platewell_window_test(foodlist_chooser_tests foodlist/FoodChooserTest.cpp)
+  platewell_window_test(foodlist_delivered_chooser_tests foodlist/DeliveredChooserTest.cpp)
+  target_compile_definitions(foodlist_delivered_chooser_tests
+    PRIVATE PLATEWELL_DELIVERED_DATA="${CMAKE_SOURCE_DIR}/data/data.dat")
+endif()

@@ -1,11 +1,22 @@
 #include "foodlist/FoodListPage.h"
 
 #include <QComboBox>
+#include <QEvent>
+#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include "core/Numeric.h"
+#include "fooddb/FoodGroups.h"
+#include "foodlist/ChooserTexts.h"
+#include "foodlist/Quantity.h"
+#include "foodlist/TierMap.h"
+#include "shell/Seams.h"
+#include "shell/Session.h"
 
 namespace pw {
 
@@ -40,15 +51,46 @@ QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, 
 
 constexpr const char* kNutrientCaptions[8] = {"Calories", "Protein", "Carbos.", "Fats",
                                               "Cholest.", "Fiber", "Calcium", "Sodium"};
+// The units a valid quantity shows beside the amounts; a change of view sets
+// the slightly different list of SetUnitCaptions.
+constexpr const char* kQuantityUnits[8] = {" ", "g", "g", "g", "mg", "mg", "mg", "mg"};
+constexpr const char* kViewChangeUnits[8] = {"", "g", "mg", "g", "mg", "mg", "mg", "mg"};
+
+constexpr const char* kQuantityFractions[] = {"1/8", "1/4", "1/3", "3/8", "1/2", "5/8", "2/3", "3/4", "7/8"};
+constexpr int kQuantityWholeNumbers = 8;
+// " 1", the quantity chosen when nothing has been entered.
+constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodListPage::FoodListPage(QWidget* parent) : QWidget(parent)
+FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
+    : QWidget(parent), session_(session), seams_(seams)
+{
+    BuildControls();
+
+    // A user's pick arrives as activated; selections made by code do not run
+    // the tier operations a second time.
+    connect(comTier0, &QComboBox::activated, this, [this] { ProcessTier0(); });
+    connect(comTier1, &QComboBox::activated, this, [this] { ProcessTier1(); });
+    connect(comTier2, &QComboBox::activated, this, [this] { ProcessTier2(); });
+    connect(comTier3, &QComboBox::activated, this, [this] { ProcessTier3(); });
+    connect(comQuantity, &QComboBox::activated, this, [this] { comQuantity_Click(); });
+    connect(btnNewItem, &QPushButton::clicked, this, [this] { btnNewItem_Click(); });
+    // Keys reach the combo first and its line edit without another filter
+    // pass, unless they are sent to the line edit itself: watch both.
+    comQuantity->installEventFilter(this);
+    comQuantity->lineEdit()->installEventFilter(this);
+
+    DisableTiers();
+    btnDeleteItem->setEnabled(false);
+}
+
+void FoodListPage::BuildControls()
 {
     setObjectName(QStringLiteral("pageFoodList"));
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(4, 4, 4, 4);
-    outer->setSpacing(3);
+    outer->setSpacing(6);
 
     auto* tiers = new QGridLayout;
     tiers->setHorizontalSpacing(4);
@@ -74,6 +116,10 @@ FoodListPage::FoodListPage(QWidget* parent) : QWidget(parent)
     labTier[3] = MakeLabel(this, QStringLiteral("labTier3"), "Qty");
     comQuantity = MakeCombo(this, "comQuantity", "Enter or select the quantity", true);
     comQuantity->setMinimumContentsLength(4);
+    // Typed text is the quantity as typed: no completion from the list, and
+    // Enter does not add it to the list.
+    comQuantity->setCompleter(nullptr);
+    comQuantity->setInsertPolicy(QComboBox::NoInsert);
     labOf = MakeLabel(this, QStringLiteral("labOf"), "of");
     comTier3 = MakeCombo(this, "comTier3", "Select unit of measure");
     labTier[3]->setBuddy(comQuantity);
@@ -83,40 +129,74 @@ FoodListPage::FoodListPage(QWidget* parent) : QWidget(parent)
     quantityRow->addWidget(comTier3, 1);
     outer->addLayout(quantityRow);
 
-    auto* panel = new QGridLayout;
+    // The nutrient panel: four rows of two name, value, unit triples in a
+    // sunken frame, the first four nutrients on the left; the room left over
+    // goes after each triple, so a long value never crowds its neighbours.
+    auto* frame = new QFrame(this);
+    frame->setObjectName(QStringLiteral("frameNutrients"));
+    frame->setFrameShape(QFrame::StyledPanel);
+    frame->setFrameShadow(QFrame::Sunken);
+    auto* panel = new QGridLayout(frame);
+    panel->setContentsMargins(8, 3, 8, 3);
     panel->setHorizontalSpacing(6);
-    panel->setVerticalSpacing(0);
+    panel->setVerticalSpacing(1);
+    QFont valueFont = font();
+    valueFont.setBold(true);
     for (int i = 0; i < 8; ++i) {
-        labNutr[i] = MakeLabel(this, QStringLiteral("labNutr%1").arg(i), kNutrientCaptions[i]);
-        labNutrVal[i] = MakeLabel(this, QStringLiteral("labNutrVal%1").arg(i), "");
-        labNutrUnit[i] = MakeLabel(this, QStringLiteral("labNutrUnit%1").arg(i), "");
+        labNutr[i] = MakeLabel(frame, QStringLiteral("labNutr%1").arg(i), kNutrientCaptions[i]);
+        labNutrVal[i] = MakeLabel(frame, QStringLiteral("labNutrVal%1").arg(i), "");
+        labNutrUnit[i] = MakeLabel(frame, QStringLiteral("labNutrUnit%1").arg(i), "");
         labNutrVal[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        labNutrVal[i]->setMinimumWidth(32);
-        const int row = i / 4;
-        const int column = (i % 4) * 3;
+        labNutrVal[i]->setFont(valueFont);
+        labNutrVal[i]->setMinimumWidth(QFontMetrics(valueFont).horizontalAdvance(QStringLiteral("000000")));
+        labNutrUnit[i]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("%DV")));
+        const int row = i % 4;
+        const int column = (i / 4) * 4;
         panel->addWidget(labNutr[i], row, column);
         panel->addWidget(labNutrVal[i], row, column + 1);
         panel->addWidget(labNutrUnit[i], row, column + 2);
     }
-    outer->addLayout(panel);
+    panel->setColumnStretch(3, 1);
+    panel->setColumnStretch(7, 1);
+    outer->addWidget(frame);
+    outer->addStretch(1);
 
     auto* buttons = new QHBoxLayout;
     btnNewItem = MakeButton(this, "btnNewItem", "New Item", "Select new item to add to list");
     btnSearch = MakeButton(this, "btnSearch", "Search", "Search database");
-    btnAcceptItem = MakeButton(this, "btnAcceptItem", "Add to List", "Accept and add item to list");
+    btnAcceptItem = MakeButton(this, "btnAcceptItem", texts::kCaptionAddToList, "Accept and add item to list");
     btnDeleteItem = MakeButton(this, "btnDeleteItem", "Delete from List", "Delete item from list");
     btnTab2Help = MakeButton(this, "btnTab2Help", "Help", nullptr);
     for (auto* b : {btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help})
         buttons->addWidget(b);
     outer->addLayout(buttons);
-    outer->addStretch(1);
-
-    DisableTiers();
-    // Choosing a food arrives with the chooser; until then a new item
-    // cannot be started.
-    btnNewItem->setEnabled(false);
-    btnDeleteItem->setEnabled(false);
 }
+
+void FoodListPage::SetHooks(ChooserHooks hooks) { hooks_ = std::move(hooks); }
+
+void FoodListPage::SetCopyToFavoritesEnabled(bool enabled)
+{
+    if (hooks_.setCopyToFavoritesEnabled)
+        hooks_.setCopyToFavoritesEnabled(enabled);
+}
+
+void FoodListPage::SetDeleteFromDatabaseEnabled(bool enabled)
+{
+    if (hooks_.setDeleteFromDatabaseEnabled)
+        hooks_.setDeleteFromDatabaseEnabled(enabled);
+}
+
+bool FoodListPage::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
+
+QComboBox* FoodListPage::TierCombo(int tier) const
+{
+    const std::array<QComboBox*, 4> combos = {comTier0, comTier1, comTier2, comTier3};
+    return combos.at(static_cast<std::size_t>(tier));
+}
+
+bool FoodListPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
+
+void FoodListPage::RebuildTierMap() { SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap)); }
 
 void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
 {
@@ -126,21 +206,146 @@ void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
     comTier0->setCurrentIndex(-1);
 }
 
+void FoodListPage::FillTier(int tier, int position)
+{
+    QComboBox* combo = TierCombo(tier);
+    combo->clear();
+    for (const auto& entry : RebuildTierColumn(session_.foodTable, session_.tierMap, tier, position))
+        combo->addItem(QString::fromLatin1(entry));
+    combo->setCurrentIndex(-1);  // filling a list selects its first entry
+}
+
 void FoodListPage::FillQuantityList()
 {
     comQuantity->clear();
-    for (const char* fraction : {"1/8", "1/4", "1/3", "3/8", "1/2", "5/8", "2/3", "3/4", "7/8"})
+    for (const char* fraction : kQuantityFractions)
         comQuantity->addItem(QString::fromLatin1(fraction));
-    for (int n = 1; n <= 8; ++n)
+    for (int n = 1; n <= kQuantityWholeNumbers; ++n)
         comQuantity->addItem(QStringLiteral(" %1").arg(n));
-    comQuantity->setCurrentIndex(9);
+    comQuantity->setCurrentIndex(kDefaultQuantityEntry);
 }
 
 void FoodListPage::SetUnitCaptions(bool byDV)
 {
-    static constexpr const char* kUnits[8] = {"", "g", "mg", "g", "mg", "mg", "mg", "mg"};
     for (int i = 0; i < 8; ++i)
-        labNutrUnit[i]->setText(byDV ? QStringLiteral("%DV") : QString::fromLatin1(kUnits[i]));
+        labNutrUnit[i]->setText(QString::fromLatin1(byDV ? texts::kUnitDV : kViewChangeUnits[i]));
+}
+
+void FoodListPage::ResetMeasureTier()
+{
+    labTier[3]->setEnabled(false);
+    comTier3->clear();
+    comTier3->setEnabled(false);
+    labOf->setEnabled(false);
+    comQuantity->setEnabled(false);
+    SetCopyToFavoritesEnabled(false);
+    DisableItemInfo();
+}
+
+void FoodListPage::ProcessTier0()
+{
+    if (comTier0->currentText().isEmpty()) {
+        labTier[1]->setEnabled(false);
+        comTier1->setEnabled(false);
+        comTier1->clear();
+    } else {
+        labTier[1]->setEnabled(true);
+        comTier1->setEnabled(true);
+        FillTier(1, comTier0->currentIndex());
+    }
+    labTier[2]->setEnabled(false);
+    comTier2->clear();
+    comTier2->setEnabled(false);
+    ResetMeasureTier();
+}
+
+void FoodListPage::ProcessTier1()
+{
+    if (comTier1->currentText().isEmpty()) {
+        labTier[2]->setEnabled(false);
+        comTier2->setEnabled(false);
+        comTier2->clear();
+    } else {
+        labTier[2]->setEnabled(true);
+        comTier2->setEnabled(true);
+        FillTier(2, comTier1->currentIndex());
+    }
+    if (comTier2->count() == 0 && comTier0->currentText() == QLatin1String(kFavoritesGroup.data(), kFavoritesGroup.size()))
+        AskAboutEmptyFavorites();
+    ResetMeasureTier();
+}
+
+void FoodListPage::AskAboutEmptyFavorites()
+{
+    const MsgResult answer = seams_.prompts.Message(QString::fromLatin1(texts::kCategoryEmpty),
+                                                    QString::fromLatin1(texts::kTitleCategoryEmpty),
+                                                    MsgIcon::Question, MsgButtons::YesNo);
+    if (answer == MsgResult::Yes)
+        seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, 6);
+}
+
+void FoodListPage::ProcessTier2()
+{
+    if (comTier2->currentText().isEmpty()) {
+        ResetMeasureTier();
+        return;
+    }
+    comTier3->setEnabled(true);
+    FillTier(3, comTier2->currentIndex());
+    if (comTier3->count() == 1) {
+        comTier3->setCurrentIndex(0);
+        ProcessTier3();
+    } else {
+        comQuantity->setEnabled(false);
+        labTier[3]->setEnabled(false);
+        SetCopyToFavoritesEnabled(false);
+        labOf->setEnabled(false);
+        DisableItemInfo();
+    }
+}
+
+void FoodListPage::ProcessTier3()
+{
+    if (comTier3->currentText().isEmpty()) {
+        comQuantity->setEnabled(false);
+        labTier[3]->setEnabled(false);
+        labOf->setEnabled(false);
+        SetCopyToFavoritesEnabled(false);
+        DisableItemInfo();
+        return;
+    }
+    // The food is found by its position in the run, not by its text.
+    session_.chooser.currentFood =
+        AddInt16(session_.tierMap.Get(0, 3), static_cast<std::int16_t>(comTier3->currentIndex()));
+    comQuantity->setEnabled(true);
+    labTier[3]->setEnabled(true);
+    labOf->setEnabled(true);
+    EnableItemInfo();
+    ProcessData();
+    SetCopyToFavoritesEnabled(true);
+}
+
+void FoodListPage::ProcessTier(int tier)
+{
+    switch (tier) {
+    case 0: ProcessTier0(); break;
+    case 1: ProcessTier1(); break;
+    case 2: ProcessTier2(); break;
+    default: ProcessTier3(); break;
+    }
+}
+
+void FoodListPage::btnNewItem_Click() { NewItem(); }
+
+void FoodListPage::NewItem()
+{
+    session_.chooser.addingNewItem = true;
+    btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionAddToList));
+    DisableTiers();
+    comTier0->setEnabled(true);
+    labTier[0]->setEnabled(true);
+    btnSearch->setEnabled(true);
+    btnDeleteItem->setEnabled(false);
 }
 
 void FoodListPage::DisableTiers()
@@ -155,15 +360,150 @@ void FoodListPage::DisableTiers()
     for (int t = 1; t < 4; ++t)
         labTier[t]->setEnabled(false);
     labOf->setEnabled(false);
+    // Back to the quantity offered at start-up.
+    comQuantity->setCurrentIndex(comQuantity->count() > kDefaultQuantityEntry ? kDefaultQuantityEntry : -1);
     comQuantity->setEnabled(false);
+    DisableItemInfo();
+    btnAcceptItem->setEnabled(false);
+    btnSearch->setEnabled(false);
+    SetCopyToFavoritesEnabled(false);
+}
+
+void FoodListPage::EnableTiers()
+{
+    comTier0->setEnabled(true);
+    for (QLabel* label : labTier)
+        label->setEnabled(true);
+    for (QComboBox* combo : {comTier1, comTier2, comTier3}) {
+        combo->clear();
+        combo->setEnabled(true);
+    }
+    labOf->setEnabled(true);
+    comQuantity->setEnabled(true);
+    DisableItemInfo();
+    btnAcceptItem->setEnabled(true);
+}
+
+void FoodListPage::RecreateTiers(int index)
+{
+    const FoodTable& table = session_.foodTable;
+    const std::array<QString, 4> wanted = {
+        QString::fromLatin1(table.Group(index)), QString::fromLatin1(table.Subgroup(index)),
+        QString::fromLatin1(table.Description(index)), QString::fromLatin1(table.Measure(index))};
+    for (int tier = 0; tier < 4; ++tier) {
+        QComboBox* combo = TierCombo(tier);
+        int position = -1;
+        for (int j = 0; j < combo->count(); ++j) {
+            if (combo->itemText(j) == wanted[tier]) {
+                position = j;
+                break;
+            }
+        }
+        // The selection is a choice at this tier, as a pick would be.
+        combo->setCurrentIndex(position);
+        ProcessTier(tier);
+        labTier[tier]->setEnabled(true);
+        combo->setEnabled(true);
+        // A record not listed at this tier (the empty-description record that
+        // keeps an empty group) has nothing below it to show.
+        if (position < 0)
+            return;
+        if (tier < 3)
+            FillTier(tier + 1, position);
+    }
+}
+
+void FoodListPage::EnableItemInfo()
+{
+    SetDeleteFromDatabaseEnabled(true);
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(true);
+        labNutrVal[i]->setEnabled(true);
+        labNutrUnit[i]->setEnabled(true);
+    }
+}
+
+void FoodListPage::DisableItemInfo()
+{
+    SetDeleteFromDatabaseEnabled(false);
     for (int i = 0; i < 8; ++i) {
         labNutr[i]->setEnabled(false);
         labNutrVal[i]->setEnabled(false);
         labNutrUnit[i]->setEnabled(false);
         labNutrVal[i]->clear();
     }
-    btnAcceptItem->setEnabled(false);
-    btnSearch->setEnabled(false);
+}
+
+void FoodListPage::EnableUnits()
+{
+    const bool byUnits = ViewByUnits();
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(true);
+        labNutrVal[i]->setEnabled(true);
+        labNutrUnit[i]->setEnabled(true);
+        labNutrUnit[i]->setText(QString::fromLatin1(byUnits ? kQuantityUnits[i] : texts::kUnitDV));
+    }
+}
+
+void FoodListPage::DisableUnits()
+{
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(false);
+        labNutrVal[i]->setEnabled(false);
+        labNutrUnit[i]->setEnabled(false);
+    }
+}
+
+void FoodListPage::DisplayFoodNutrients(int index)
+{
+    ChooserState& state = session_.chooser;
+    const ScaledNutrients scaled =
+        ScaleNutrients(session_.foodTable.Values(index), state.currentQuantity, session_.dailyValues);
+    state.currentNutrients = scaled.amounts;
+    state.currentPercents = scaled.percents;
+    const bool byUnits = ViewByUnits();
+    for (int i = 0; i < 8; ++i)
+        labNutrVal[i]->setText(QString::number(byUnits ? scaled.amounts[i] : scaled.percents[i]));
+}
+
+void FoodListPage::ProcessData()
+{
+    ChooserState& state = session_.chooser;
+    if (comQuantity->isEnabledTo(this)) {
+        // A copy: the box keeps the text as typed, which the list stores.
+        std::string text = comQuantity->currentText().toLatin1().toStdString();
+        state.currentQuantity = ParseQuantity(text);
+    }
+    const float quantity = state.currentQuantity;
+    if (quantity < 0.0f) {
+        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityInputError),
+                               QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
+        comQuantity->setEditText(QString());
+        DisableUnits();
+    } else if (quantity > kMaxQuantity) {
+        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityLimit),
+                               QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
+        comQuantity->setEditText(QString());
+        DisableUnits();
+    } else if (quantity == 0.0f) {  // nothing from 100 up gets this far
+        DisableUnits();
+        btnAcceptItem->setEnabled(false);
+    } else {
+        EnableUnits();
+        btnAcceptItem->setEnabled(true);
+        DisplayFoodNutrients(state.currentFood);
+    }
+}
+
+void FoodListPage::comQuantity_Click() { ProcessData(); }
+
+void FoodListPage::comQuantity_KeyUp() { ProcessData(); }
+
+bool FoodListPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyRelease && (watched == comQuantity || watched == comQuantity->lineEdit()))
+        comQuantity_KeyUp();
+    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace pw

@@ -3,6 +3,7 @@
 // quantity box and the nutrient panel of the chosen food.
 #include <QWidget>
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,20 +13,58 @@ class QPushButton;
 
 namespace pw {
 
+struct Seams;
+struct Session;
+
+// What the chooser needs of the main window: the two database commands that
+// act on the chosen food, and the view.
+struct ChooserHooks {
+    std::function<void(bool)> setCopyToFavoritesEnabled;
+    std::function<void(bool)> setDeleteFromDatabaseEnabled;
+    std::function<bool()> viewByUnits;  // false: percent of DV
+};
+
 class FoodListPage : public QWidget {
     Q_OBJECT
 public:
-    explicit FoodListPage(QWidget* parent = nullptr);
+    FoodListPage(Session& session, Seams& seams, QWidget* parent = nullptr);
 
-    // The group list, one entry per group in table order.
-    void SetGroupList(const std::vector<std::string>& groups);
+    void SetHooks(ChooserHooks hooks);
+
+    // The group list and TierMap column 0, from the food table.
+    void RebuildTierMap();
     // The 17 quantity choices, " 1" selected.
     void FillQuantityList();
-    // Unit captions of the nutrient panel for the view: "%DV" on all eight,
-    // or the amount units.
+    // Unit captions of the nutrient panel as a change of view sets them:
+    // "%DV" on all eight, or the amount units.
     void SetUnitCaptions(bool byDV);
+
+    // A choice at a tier: builds the next tier's list and resets everything
+    // below it; a measure sets the chosen food and shows its nutrients.
+    void ProcessTier0();
+    void ProcessTier1();
+    void ProcessTier2();
+    void ProcessTier3();
+    // Starts choosing a food to add to the list.
+    void NewItem();
     // Nothing chosen: every tier, the quantity and the panel disabled.
     void DisableTiers();
+    // Every tier enabled, for changing a row of the list.
+    void EnableTiers();
+    // Selects the food at a FoodTable index in the four tiers.
+    void RecreateTiers(int index);
+    void EnableItemInfo();
+    void DisableItemInfo();
+    void EnableUnits();
+    void DisableUnits();
+    // Scales the food's values by the current quantity into the chooser
+    // state and shows amounts or percents as the view asks.
+    void DisplayFoodNutrients(int index);
+    // Parses the quantity box and enables or refuses it.
+    void ProcessData();
+
+    // True while a food is chosen (its nutrient values are enabled).
+    bool FoodChosen() const;
 
     QComboBox* comTier0 = nullptr;
     QComboBox* comTier1 = nullptr;
@@ -42,6 +81,31 @@ public:
     QPushButton* btnAcceptItem = nullptr;
     QPushButton* btnDeleteItem = nullptr;
     QPushButton* btnTab2Help = nullptr;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildControls();
+    void SetGroupList(const std::vector<std::string>& groups);
+    // Refills a tier's combo from the run chosen at the tier above, with no
+    // entry selected.
+    void FillTier(int tier, int position);
+    // The measure tier, the quantity and the panel back to nothing chosen.
+    void ResetMeasureTier();
+    void ProcessTier(int tier);
+    void AskAboutEmptyFavorites();
+    void btnNewItem_Click();
+    void comQuantity_Click();
+    void comQuantity_KeyUp();
+    void SetCopyToFavoritesEnabled(bool enabled);
+    void SetDeleteFromDatabaseEnabled(bool enabled);
+    bool ViewByUnits() const;
+    QComboBox* TierCombo(int tier) const;
+
+    Session& session_;
+    Seams& seams_;
+    ChooserHooks hooks_;
 };
 
 }  // namespace pw

@@ -180,7 +180,10 @@ void MainWindow::BuildCentre()
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, tabMain);
-    foodListPage = new FoodListPage(tabMain);
+    foodListPage = new FoodListPage(session_, seams_, tabMain);
+    foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
+                            [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
+                            [this] { return ViewByUnits(); }});
     analysisPage = new AnalysisPage(session_, tabMain);
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
     tabMain->addTab(foodListPage, QStringLiteral("&Food List"));
@@ -257,7 +260,7 @@ void MainWindow::Form_Load()
             sincePaint.restart();
         }
     });
-    foodListPage->SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap));
+    foodListPage->RebuildTierMap();
     QApplication::restoreOverrideCursor();
 
     foodListPage->FillQuantityList();
@@ -298,6 +301,8 @@ void MainWindow::SetViewMode(bool byDV)
 void MainWindow::ChangeView()
 {
     foodListPage->SetUnitCaptions(!ViewByUnits());
+    if (foodListPage->FoodChosen())
+        foodListPage->DisplayFoodNutrients(session_.chooser.currentFood);
     PopulateGridHeader();
 }
 

@@ -1,0 +1,506 @@
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include "FakeSeams.h"
+#include "Fixtures.h"
+#include "TempFolder.h"
+#include "WindowTestSupport.h"
+#include "foodlist/FoodListPage.h"
+
+using namespace pw;
+using namespace pw::test;
+
+namespace {
+
+const QString kInputError = QStringLiteral(
+    "Enter only numbers, decimals, or fractions\r\n"
+    "in the quantity box.\r\n"
+    "\r\n"
+    "Enter compound fractions with a dash (\"-\")\r\n"
+    "between the whole number and the fraction.\r\n"
+    "For example, enter \"two-and-a-half\" as \"2-1/2\"");
+const QString kLimit = QStringLiteral("Please enter a number less than 100");
+const QString kCategoryEmpty = QStringLiteral(
+    "There are no items in this category\r\nbecause you have not yet added\r\nanything to this category.\r\n\r\n"
+    "Adding your favorite foods, dishes\r\nand meals to the Favorites category\r\n"
+    "is the most useful part of this program.\r\n\r\nWould you like help with this feature now?\r\n");
+
+// The sample table with a food in Favorites beside its empty subgroup, a
+// food of 5 g protein and a second, empty group.
+FoodTable ChooserTable()
+{
+    const FoodTable sample = SampleTable();
+    FoodTable table;
+    for (int i = 0; i <= sample.LastIndex(); ++i) {
+        table.Append(sample.Record(i));
+        if (sample.Group(i) == "Favorites")
+            table.Append(Food("Favorites", "Soups", "Stew", "1 bowl", 10, 20, 5));
+    }
+    table.Append(Food("Vegetables", "Peas", "Snow", "1 pod", 5, 0, 0));
+    table.Append(Food("Zz Empty", "Nothing", "", "", 0, 0, 0));
+    return table;
+}
+
+// A food-list page on the fakes, with the main window's hooks recorded.
+struct Chooser {
+    explicit Chooser(FoodTable table = ChooserTable())
+    {
+        session.programFolder = folder.Path();
+        folder.Write("pw.hlp", "help");
+        session.foodTable = std::move(table);
+        session.dailyValues = {2000, 50, 300, 65, 300, 25, 800, 2400};
+        page = std::make_unique<FoodListPage>(session, fakes.seams);
+        page->SetHooks({[this](bool on) { copyToFavorites = on; }, [this](bool on) { deleteFromDatabase = on; },
+                        [this] { return byUnits; }});
+        page->RebuildTierMap();
+        page->FillQuantityList();
+        page->SetUnitCaptions(!byUnits);
+        page->NewItem();
+    }
+
+    QComboBox* Tier(int t) const
+    {
+        return std::array{page->comTier0, page->comTier1, page->comTier2, page->comTier3}[t];
+    }
+    // A pick from a tier's list, as the user makes it.
+    void Pick(int tier, const QString& text) const
+    {
+        QComboBox* combo = Tier(tier);
+        const int i = combo->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (i < 0)
+            qFatal("%s not listed", qPrintable(text));
+        combo->setCurrentIndex(i);
+        emit combo->activated(i);
+    }
+    void Choose(const QStringList& texts) const
+    {
+        for (int t = 0; t < texts.size(); ++t)
+            Pick(t, texts[t]);
+    }
+    // A quantity in the box followed by a key release, as after typing.
+    void Enter(const QString& text) const
+    {
+        page->comQuantity->setEditText(text);
+        QTest::keyRelease(page->comQuantity, Qt::Key_End);
+    }
+    bool On(QWidget* w) const { return w->isEnabledTo(page.get()); }
+    static QStringList Items(const QComboBox* combo)
+    {
+        QStringList items;
+        for (int i = 0; i < combo->count(); ++i)
+            items << combo->itemText(i);
+        return items;
+    }
+    QStringList Items(int tier) const { return Items(Tier(tier)); }
+    QStringList Values() const
+    {
+        QStringList values;
+        for (QLabel* label : page->labNutrVal)
+            values << label->text();
+        return values;
+    }
+    // Everything the chooser shows or keeps.
+    QStringList State() const
+    {
+        QStringList s;
+        for (QWidget* w : page->findChildren<QWidget*>()) {
+            s << w->objectName() << QString::number(On(w));
+            if (auto* label = qobject_cast<QLabel*>(w))
+                s << label->text();
+            else if (auto* button = qobject_cast<QPushButton*>(w))
+                s << button->text();
+            else if (auto* combo = qobject_cast<QComboBox*>(w))
+                s << Items(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
+        }
+        s << QString::number(copyToFavorites) << QString::number(deleteFromDatabase);
+        for (int t = 0; t < 4; ++t)
+            for (int k = 0; k < 12; ++k)
+                s << QString::number(session.tierMap.Get(k, t));
+        const ChooserState& c = session.chooser;
+        s << QString::number(c.currentFood) << QString::number(c.currentQuantity) << QString::number(c.addingNewItem);
+        for (const std::int32_t value : c.currentNutrients)
+            s << QString::number(value);
+        for (const std::int32_t percent : c.currentPercents)
+            s << QString::number(percent);
+        return s;
+    }
+    // Nothing below tier t is chosen, listed or enabled.
+    void VerifyResetBelow(int tier) const
+    {
+        for (int t = tier + 1; t < 4; ++t) {
+            QVERIFY2(!On(Tier(t)) && (t == tier + 1 || Tier(t)->count() == 0), qPrintable(QString::number(t)));
+            QCOMPARE(Tier(t)->currentIndex(), -1);
+        }
+        QVERIFY(!On(page->comQuantity) && !On(page->labTier[3]) && !On(page->labOf));
+        for (int i = 0; i < 8; ++i)
+            QVERIFY(!On(page->labNutrVal[i]) && !On(page->labNutr[i]) && page->labNutrVal[i]->text().isEmpty());
+        QVERIFY(!copyToFavorites && !deleteFromDatabase);
+    }
+    const std::vector<RecordedMessage>& Messages() const { return fakes.prompts.messages; }
+
+    TempFolder folder;
+    FakeSeams fakes;
+    Session session;
+    bool byUnits = true;
+    bool copyToFavorites = false;
+    bool deleteFromDatabase = false;
+    std::unique_ptr<FoodListPage> page;
+};
+
+const QStringList kButterTbsp = {"Dairy and Eggs", "Butter", "Salted", "1 tbsp"};
+const std::array<void (FoodListPage::*)(), 4> kTierOperations = {
+    &FoodListPage::ProcessTier0, &FoodListPage::ProcessTier1, &FoodListPage::ProcessTier2,
+    &FoodListPage::ProcessTier3};
+
+}  // namespace
+
+class FoodChooserTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void NewItemOpensOnlyTheGroupTier()
+    {
+        Session session;
+        FakeSeams fakes;
+        FoodListPage page(session, fakes.seams);
+        for (QWidget* w : std::initializer_list<QWidget*>{page.comTier0, page.labTier[0], page.btnSearch,
+                                                          page.btnAcceptItem, page.btnDeleteItem, page.comQuantity})
+            QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
+        QVERIFY(page.btnNewItem->isEnabled());
+        const QSize size = page.minimumSizeHint();
+        QVERIFY2(size.width() <= 500 && size.height() <= 205,
+                 qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+
+        Chooser c;
+        c.page->btnAcceptItem->setText(QStringLiteral("Change"));
+        QTest::mouseClick(c.page->btnNewItem, Qt::LeftButton);
+        QVERIFY(c.session.chooser.addingNewItem);
+        QCOMPARE(c.page->btnAcceptItem->text(), QStringLiteral("Add to List"));
+        QVERIFY(c.On(c.page->comTier0) && c.On(c.page->labTier[0]) && c.On(c.page->btnSearch));
+        QVERIFY(!c.On(c.page->btnDeleteItem) && !c.On(c.page->btnAcceptItem) && !c.On(c.page->labTier[1]));
+        QCOMPARE(c.page->comTier0->currentIndex(), -1);
+        c.VerifyResetBelow(0);
+    }
+
+    void EachChoiceListsTheNextTierUntilAMeasureShowsTheFood()
+    {
+        Chooser c;
+        const struct {
+            QStringList next;
+        } steps[] = {{{"Butter", "Cheese", "Milk"}}, {{"Salted"}}, {{"1 pat", "1 tbsp"}}};
+        for (int t = 0; t < 3; ++t) {
+            c.Pick(t, kButterTbsp[t]);
+            QCOMPARE(c.Items(t + 1), steps[t].next);
+            QCOMPARE(c.Tier(t + 1)->currentIndex(), -1);
+            QVERIFY(c.On(c.Tier(t + 1)));
+            c.VerifyResetBelow(t + 1);
+        }
+        c.Pick(3, "1 tbsp");
+        QCOMPARE(c.session.chooser.currentFood, 4);
+        QCOMPARE(c.Values(), QStringList({"108", "0", "0", "12", "31", "0", "3", "82"}));
+        QCOMPARE(c.page->labNutrUnit[5]->text(), QStringLiteral("mg"));
+        QVERIFY(c.On(c.page->comQuantity) && c.On(c.page->labOf) && c.On(c.page->labNutrVal[7]));
+        QVERIFY(c.On(c.page->btnAcceptItem) && c.copyToFavorites && c.deleteFromDatabase);
+        QVERIFY(c.Messages().empty());
+
+        // Another group starts over below it.
+        c.Pick(0, "Fruits");
+        QCOMPARE(c.Items(1), QStringList({"Apples"}));
+        c.VerifyResetBelow(1);
+    }
+
+    void ADescriptionWithOneMeasureShowsTheFoodAtOnce()
+    {
+        Chooser c;
+        c.Choose({"Bakery and Grains", "Bread", "White"});
+        QCOMPARE(c.page->comTier3->currentText(), QStringLiteral("1 slice"));
+        QCOMPARE(c.session.chooser.currentFood, 0);
+        QCOMPARE(c.Values(), QStringList({"69", "2", "13", "1", "0", "1", "38", "170"}));
+        QVERIFY(c.On(c.page->comQuantity) && c.copyToFavorites);
+    }
+
+    void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing_data()
+    {
+        QTest::addColumn<QStringList>("choice");
+        QTest::addColumn<bool>("answerYes");
+        QTest::addColumn<bool>("asked");
+        QTest::addColumn<QStringList>("listed");
+        QTest::newRow("Favorites, yes") << QStringList{"Favorites", "My Favorites"} << true << true << QStringList();
+        QTest::newRow("Favorites, no") << QStringList{"Favorites", "My Favorites"} << false << true << QStringList();
+        QTest::newRow("Favorites' food") << QStringList{"Favorites", "Soups"} << true << false << QStringList{"Stew"};
+        QTest::newRow("other group") << QStringList{"Zz Empty", "Nothing"} << true << false << QStringList();
+    }
+    void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing()
+    {
+        QFETCH(QStringList, choice);
+        QFETCH(bool, answerYes);
+        QFETCH(bool, asked);
+        QFETCH(QStringList, listed);
+        Chooser c;
+        c.fakes.prompts.answers.push_back(answerYes ? MsgResult::Yes : MsgResult::No);
+        c.Choose(choice);
+        QCOMPARE(c.Items(2), listed);
+        c.VerifyResetBelow(2);
+        QCOMPARE(c.Messages().size(), size_t(asked));
+        if (asked) {
+            QCOMPARE(c.Messages()[0].text, kCategoryEmpty);
+            QCOMPARE(c.Messages()[0].title, QStringLiteral("Category is empty"));
+            QVERIFY(c.Messages()[0].icon == MsgIcon::Question && c.Messages()[0].buttons == MsgButtons::YesNo);
+        }
+        const auto& help = c.fakes.help.calls;
+        QCOMPARE(help.size(), size_t(asked && answerYes));
+        if (!help.empty()) {
+            QCOMPARE(help[0].file, QString::fromStdString(c.folder.File("pw.hlp")));
+            QCOMPARE(help[0].command, 1);
+            QCOMPARE(*help[0].context, 6);
+        }
+    }
+
+    void AnEmptyChoiceAtAnyTierResetsEverythingBelow()
+    {
+        for (int tier = 0; tier < 4; ++tier) {
+            Chooser c;
+            c.Choose(kButterTbsp);
+            // As code clears a tier's choice (the search dialog clears the measure).
+            c.Tier(tier)->setCurrentIndex(-1);
+            (c.page.get()->*kTierOperations[tier])();
+            c.VerifyResetBelow(tier);
+            if (tier < 3)
+                QCOMPARE(c.Items(tier + 1), QStringList());
+        }
+    }
+
+    void RunningATierOperationAgainChangesNothing()
+    {
+        for (const QStringList& food : {kButterTbsp, QStringList{"Vegetables", "Carrots", "Raw", "1 medium"}}) {
+            for (int tier = 0; tier < 4; ++tier) {
+                Chooser c;
+                c.Choose(food.mid(0, tier + 1));
+                const QStringList once = c.State();
+                (c.page.get()->*kTierOperations[tier])();
+                QCOMPARE(c.State(), once);
+                c.Pick(tier, food[tier]);
+                QCOMPARE(c.State(), once);
+            }
+        }
+    }
+
+    void TheQuantityScalesTheShownValues_data()
+    {
+        QTest::addColumn<QStringList>("food");
+        QTest::addColumn<QString>("quantity");
+        QTest::addColumn<bool>("byUnits");
+        QTest::addColumn<QString>("protein");
+        QTest::addColumn<QString>("calories");
+        QTest::addColumn<QString>("unit");
+        const QStringList snow = {"Vegetables", "Peas", "Snow", "1 pod"};
+        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"};
+        QTest::newRow("half of 5 g") << snow << "1/2" << true << "2" << "10" << "g";
+        QTest::newRow("one and a half of 5 g") << snow << "1.5" << true << "8" << "30" << "g";
+        QTest::newRow("2-1/2 of 5 g") << snow << "2-1/2" << true << "12" << "50" << "g";
+        QTest::newRow("2-3 is 2") << snow << "2-3" << true << "10" << "40" << "g";
+        QTest::newRow("99 is accepted") << snow << "99" << true << "495" << "1980" << "g";
+        QTest::newRow("7 g of 50 g DV") << cheddar << " 1" << false << "14" << "5" << "%DV";
+        QTest::newRow("half of 5 g as DV") << snow << "1/2" << false << "4" << "0" << "%DV";
+    }
+    void TheQuantityScalesTheShownValues()
+    {
+        QFETCH(QStringList, food);
+        QFETCH(QString, quantity);
+        QFETCH(bool, byUnits);
+        QFETCH(QString, protein);
+        QFETCH(QString, calories);
+        QFETCH(QString, unit);
+        Chooser c;
+        c.byUnits = byUnits;
+        c.Choose(food);
+        c.Enter(quantity);
+        QVERIFY(c.Messages().empty());
+        QCOMPARE(c.page->labNutrVal[kProtein]->text(), protein);
+        QCOMPARE(c.page->labNutrVal[kCalories]->text(), calories);
+        QCOMPARE(c.page->labNutrUnit[kProtein]->text(), unit);
+        QCOMPARE(c.page->labNutrUnit[kCalories]->text(), byUnits ? QStringLiteral(" ") : unit);
+        QVERIFY(c.On(c.page->btnAcceptItem) && c.On(c.page->labNutrVal[0]));
+        QCOMPARE(c.page->comQuantity->currentText(), quantity);  // kept as typed
+    }
+
+    void BadQuantitiesAreRefusedWithTheirMessage_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("message");  // empty: none
+        for (const char* typed : {"1 1/2", "1/2/3", "1.5/2", "1/2-1", "2..5", "abc", "0.12345678", "-4", "1/2x"})
+            QTest::newRow(typed) << typed << kInputError;
+        for (const char* typed : {"100", "99.01", "99.5", "123456789"})
+            QTest::newRow(typed) << typed << kLimit;
+        for (const char* typed : {"0", "", "1/", "1/0", "2-1/0", "  "})
+            QTest::newRow(qPrintable(QStringLiteral("'%1'").arg(typed))) << typed << QString();
+    }
+    void BadQuantitiesAreRefusedWithTheirMessage()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        Chooser c;
+        c.Choose({"Vegetables", "Peas", "Snow"});
+        QVERIFY(c.On(c.page->btnAcceptItem));
+        c.Enter(typed);
+        for (int i = 0; i < 8; ++i)
+            QVERIFY(!c.On(c.page->labNutrVal[i]) && !c.On(c.page->labNutrUnit[i]) && !c.On(c.page->labNutr[i]));
+        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("5"));  // captions stay
+        if (message.isEmpty()) {
+            QVERIFY(c.Messages().empty());
+            QVERIFY(!c.On(c.page->btnAcceptItem));
+            QCOMPARE(c.page->comQuantity->currentText(), typed);
+        } else {
+            QCOMPARE(c.Messages().size(), size_t(1));
+            QCOMPARE(c.Messages()[0].text, message);
+            QCOMPARE(c.Messages()[0].title, QStringLiteral("Error in your input"));
+            QVERIFY(c.Messages()[0].icon == MsgIcon::Exclamation && c.Messages()[0].buttons == MsgButtons::Ok);
+            QVERIFY(c.On(c.page->btnAcceptItem));  // left as it was
+            QCOMPARE(c.page->comQuantity->currentText(), QString());
+            // The emptied box is 0 at the next key: Accept goes off, silently.
+            QTest::keyRelease(c.page->comQuantity, Qt::Key_Shift);
+            QCOMPARE(c.Messages().size(), size_t(1));
+            QVERIFY(!c.On(c.page->btnAcceptItem));
+        }
+    }
+
+    void TypingACompoundFractionKeyByKeyShowsNoError_data()
+    {
+        QTest::addColumn<bool>("intoLineEdit");
+        QTest::newRow("keys to the combo") << false;
+        QTest::newRow("keys to its line edit") << true;
+    }
+    void TypingACompoundFractionKeyByKeyShowsNoError()
+    {
+        QFETCH(bool, intoLineEdit);
+        Chooser c;
+        c.Choose({"Vegetables", "Peas", "Snow"});
+        // Shown and focused, as the user types into it.
+        c.page->show();
+        QVERIFY(QTest::qWaitForWindowActive(c.page.get()));
+        c.page->comQuantity->setFocus();
+        QWidget* target = intoLineEdit ? static_cast<QWidget*>(c.page->comQuantity->lineEdit()) : c.page->comQuantity;
+        c.page->comQuantity->lineEdit()->selectAll();
+        QTest::keyClick(target, Qt::Key_Backspace);
+        QCOMPARE(c.session.chooser.currentQuantity, 0.0f);
+        const QString typed = QStringLiteral("2-1/2");
+        const float seen[] = {2, 2, 2, 2, 2.5f};
+        for (int i = 0; i < typed.size(); ++i) {
+            QTest::keyClick(target, typed[i].toLatin1());
+            QCOMPARE(c.page->comQuantity->currentText(), typed.left(i + 1));
+            QCOMPARE(c.session.chooser.currentQuantity, seen[i]);
+            QVERIFY(c.On(c.page->btnAcceptItem));
+        }
+        QTest::keyClick(target, Qt::Key_Return);
+        QVERIFY(c.Messages().empty());
+        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("12"));
+        QCOMPARE(c.page->comQuantity->count(), 17);  // nothing typed joins the list
+        QCOMPARE(c.page->comQuantity->currentText(), typed);
+
+        // A pick from the list is parsed at once.
+        c.page->comQuantity->setCurrentIndex(2);
+        emit c.page->comQuantity->activated(2);
+        QCOMPARE(c.session.chooser.currentQuantity, 1.0f / 3.0f);
+        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("2"));
+    }
+
+    void RecreateTiersSelectsTheFoodInAllFourTiers()
+    {
+        const FoodTable table = ChooserTable();
+        for (int index = 0; index <= table.LastIndex(); ++index) {
+            Chooser c;
+            c.Choose({"Fruits", "Apples"});
+            c.fakes.prompts.answers.push_back(MsgResult::No);
+            c.page->RecreateTiers(index);
+            const FoodRecord food = table.Record(index);
+            const QStringList texts = {QString::fromLatin1(food.group), QString::fromLatin1(food.subgroup),
+                                       QString::fromLatin1(food.description), QString::fromLatin1(food.measure)};
+            if (food.description.empty()) {
+                // The record that keeps an empty group: shown down to its subgroup.
+                QCOMPARE(c.Tier(1)->currentText(), texts[1]);
+                QCOMPARE(c.Items(2), QStringList());
+                c.VerifyResetBelow(2);
+                QCOMPARE(c.Messages().size(), size_t(food.group == "Favorites"));
+                continue;
+            }
+            for (int t = 0; t < 4; ++t) {
+                QCOMPARE(c.Tier(t)->currentText(), texts[t]);
+                QVERIFY(c.On(c.Tier(t)) && c.On(c.page->labTier[t]));
+            }
+            QCOMPARE(c.session.chooser.currentFood, index);
+            QCOMPARE(c.page->labNutrVal[kSodium]->text(), QString::number(food.values[kSodium]));
+            QVERIFY(c.On(c.page->comQuantity) && c.copyToFavorites && c.deleteFromDatabase);
+            QVERIFY(c.Messages().empty());
+        }
+    }
+
+    void DisableTiersAndEnableTiersResetTheChooser()
+    {
+        Chooser c;
+        c.Choose(kButterTbsp);
+        c.Enter(QStringLiteral("3"));
+        c.page->DisableTiers();
+        QVERIFY(!c.On(c.page->comTier0) && !c.On(c.page->labTier[0]) && c.page->comTier0->currentIndex() == -1);
+        QVERIFY(!c.On(c.page->btnAcceptItem) && !c.On(c.page->btnSearch));
+        c.VerifyResetBelow(0);
+        QCOMPARE(c.Items(1), QStringList());
+        QCOMPARE(c.page->comQuantity->currentText(), QStringLiteral(" 1"));
+
+        c.page->EnableTiers();
+        for (int t = 0; t < 4; ++t)
+            QVERIFY(c.On(c.Tier(t)) && c.On(c.page->labTier[t]) && (t == 0 || c.Items(t).isEmpty()));
+        QVERIFY(c.On(c.page->comQuantity) && c.On(c.page->labOf) && c.On(c.page->btnAcceptItem));
+        QVERIFY(!c.On(c.page->labNutrVal[0]) && c.page->labNutrVal[0]->text().isEmpty() && !c.deleteFromDatabase);
+    }
+
+    void TheMainWindowsViewSwitchesTheChosenFoodsValues()
+    {
+        ProgramHarness program;
+        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        // 119 lb: a protein DV of 50 g.
+        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\n"
+                                            "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
+        QVERIFY(program.Start());
+        MainWindow& w = *program.main;
+        QCOMPARE(program.session.dailyValues[kProtein], 50);
+        FoodListPage& page = *w.foodListPage;
+        auto* copy = w.findChild<QAction*>("mnuCopyToFavorites");
+        auto* remove = w.findChild<QAction*>("mnuDeleteFromDatabase");
+        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
+
+        page.btnNewItem->click();
+        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar"};
+        QComboBox* tiers[] = {page.comTier0, page.comTier1, page.comTier2};
+        for (int t = 0; t < 3; ++t) {
+            const int i = tiers[t]->findText(cheddar[t]);
+            tiers[t]->setCurrentIndex(i);
+            emit tiers[t]->activated(i);
+        }
+        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("7"));
+        QVERIFY(copy->isEnabled() && remove->isEnabled());
+
+        w.findChild<QAction*>("mnuViewByDV")->trigger();
+        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("14"));
+        for (int i = 0; i < 8; ++i) {
+            QCOMPARE(page.labNutrUnit[i]->text(), QStringLiteral("%DV"));
+            QCOMPARE(page.labNutrVal[i]->text(), QString::number(program.session.chooser.currentPercents[i]));
+        }
+        w.findChild<QAction*>("mnuViewByUnits")->trigger();
+        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("7"));
+        QCOMPARE(page.labNutrUnit[kCarbs]->text(), QStringLiteral("mg"));  // the view's own captions
+
+        page.DisableTiers();
+        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
+        w.findChild<QAction*>("mnuViewByDV")->trigger();  // nothing chosen: values stay blank
+        QCOMPARE(page.labNutrVal[kProtein]->text(), QString());
+        QVERIFY(program.fakes.prompts.messages.empty());
+    }
+};
+
+QTEST_MAIN(FoodChooserTest)
+#include "FoodChooserTest.moc"
