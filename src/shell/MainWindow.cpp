@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
@@ -116,8 +117,11 @@ void MainWindow::BuildMenus()
     mnuViewBy = AddMenu(bar, "mnuViewBy", "&View");
     mnuViewByUnits = AddItem(mnuViewBy, "mnuViewByUnits", "&Units");
     mnuViewByDV = AddItem(mnuViewBy, "mnuViewByDV", "Percent of &Daily Value (%DV)");
-    mnuViewByUnits->setCheckable(true);
-    mnuViewByDV->setCheckable(true);
+    auto* viewGroup = new QActionGroup(this);  // one of the two is checked
+    for (QAction* view : {mnuViewByUnits, mnuViewByDV}) {
+        view->setCheckable(true);
+        viewGroup->addAction(view);
+    }
 
     mnuOptions = AddMenu(bar, "mnuOptions", "&Options");
     mnuShowTip = AddItem(mnuOptions, "mnuShowTip", "&Show \"Tip of the Day\" at startup");

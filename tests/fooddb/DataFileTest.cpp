@@ -69,8 +69,9 @@ TEST(DataFile, AnEditedHeaderIsRefused)
         FoodTable table;
         table.Append(Food("Fruits", "Kept", "As it was", "1", 1, 1, 1));
         const bool mismatch = LoadDatabaseHeader(LinesToBytes(edited), table) == HeaderResult::ChecksumMismatch;
-        if (mismatch)
+        if (mismatch) {
             EXPECT_EQ(table.Count(), 1);  // a refused file leaves the table alone
+        }
         return mismatch;
     };
     auto checksum = lines;
