@@ -14,6 +14,7 @@ FOLDER="${XDG_DATA_HOME:-$HOME/.local/share}/Platewell"
 mkdir -p "$FOLDER"
 install -m 755 "$ROOT/build/release/platewell" "$FOLDER/platewell.new"
 mv -f "$FOLDER/platewell.new" "$FOLDER/platewell"
+install -m 644 "$ROOT/data/pw.hlp" "$FOLDER/pw.hlp"
 for delivered in data.dat tips.txt; do
     if [[ -f "$ROOT/data/$delivered" && ! -e "$FOLDER/$delivered" ]]; then
         cp "$ROOT/data/$delivered" "$FOLDER/$delivered"

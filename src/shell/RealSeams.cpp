@@ -1,9 +1,12 @@
 #include "shell/RealSeams.h"
 
+#include "shell/HelpWindow.h"
+
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QTextBrowser>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QUrl>
@@ -93,18 +96,28 @@ std::optional<QString> SystemFileDialogs::SaveFile(const FileDialogRequest& r)
     return RunFileDialog(r, QFileDialog::AcceptSave);
 }
 
+SystemHelpDisplay::SystemHelpDisplay(Prompts& prompts) : prompts_(prompts) {}
+
+SystemHelpDisplay::~SystemHelpDisplay() = default;
+
 void SystemHelpDisplay::ShowHelp(const QString& helpFile, int command, std::optional<int> context)
 {
-    QFileInfo info(helpFile);
-    if (!info.exists()) {
-        prompts_.Message(QStringLiteral("The help file could not be found:\r\n") + helpFile, QStringLiteral("Help"),
+    if (!window_)
+        window_ = std::make_unique<HelpWindow>();
+    if (command == kHelpHelpOnHelp) {
+        window_->ShowHelpOnHelp();
+    } else if (!window_->LoadFile(helpFile)) {
+        prompts_.Message(QStringLiteral("The help file could not be opened:\r\n") + helpFile, QStringLiteral("Help"),
                          MsgIcon::Exclamation);
         return;
+    } else if (command == kHelpIndex) {
+        window_->ShowIndex();
+    } else {
+        window_->ShowTopic(context.value_or(0));
     }
-    QUrl url = QUrl::fromLocalFile(info.absoluteFilePath());
-    if (command == kHelpContext && context)
-        url.setFragment(QStringLiteral("context-%1").arg(*context));
-    QDesktopServices::openUrl(url);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
 }
 
 bool SystemHelpDisplay::OpenWebPage(const QString& url) { return QDesktopServices::openUrl(QUrl(url)); }

@@ -3,6 +3,7 @@
 // file dialogs and browser, the system clock.
 #include <QWidget>
 #include <QPointer>
+#include <memory>
 
 #include "shell/Seams.h"
 
@@ -26,14 +27,19 @@ public:
     std::optional<QString> SaveFile(const FileDialogRequest& request) override;
 };
 
+class HelpWindow;
+
+// Help in a window of the program's own; the web page in the system browser.
 class SystemHelpDisplay : public HelpDisplay {
 public:
-    explicit SystemHelpDisplay(Prompts& prompts) : prompts_(prompts) {}
+    explicit SystemHelpDisplay(Prompts& prompts);
+    ~SystemHelpDisplay() override;
     void ShowHelp(const QString& helpFile, int command, std::optional<int> context) override;
     bool OpenWebPage(const QString& url) override;
 
 private:
     Prompts& prompts_;
+    std::unique_ptr<HelpWindow> window_;
 };
 
 class SystemClock : public Clock {

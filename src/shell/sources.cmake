@@ -1,10 +1,13 @@
 list(APPEND MODEL_SOURCES
+  src/shell/HelpTopics.cpp
   src/shell/Settings.cpp
   src/shell/Tips.cpp
 )
 list(APPEND VIEW_SOURCES
+  src/shell/AboutBox.cpp
   src/shell/AppRunner.cpp
   src/shell/ErrorGuard.cpp
+  src/shell/HelpWindow.cpp
   src/shell/Logo.cpp
   src/shell/MainWindow.cpp
   src/shell/ProgramWindows.cpp
