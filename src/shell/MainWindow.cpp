@@ -14,6 +14,7 @@
 #include <QWidget>
 
 #include "analysis/AnalysisPage.h"
+#include "shell/AboutBox.h"
 #include "analysis/ProfilePage.h"
 #include "core/LineFile.h"
 #include "core/Text.h"
@@ -40,6 +41,10 @@ constexpr int kTabHalfWidth = 3756;
 const char* const kTutorialQuestion =
     "Would you like to view the Quick Tutorial?\r\n\r\nYou can master this program in less than three minutes!";
 const char* const kTutorialTitle = "View Quick Tutorial?";
+const char* const kWebPageAddress = "https://platewell.example.org/";
+const char* const kWebPageFailed =
+    "Unable to open your web browser.\r\nIf you are able to do so manually, please visit our site at:\r\n";
+const char* const kWebPageTitle = "Platewell's Web Site";
 const char* const kDisclaimerTitle = "Important Disclaimer";
 const char* const kDisclaimerLines[] = {
     "Although the nutrition database is believed to be accurate,",
@@ -143,8 +148,7 @@ void MainWindow::BuildMenus()
     mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
 
     // Commands of windows still to come stay disabled until they arrive.
-    for (QAction* later : {mnuOpen, mnuClearList, mnuSaveAsDish, mnuCopyToFavorites, mnuDeleteFromDatabase,
-                           mnuPlatewellWeb, mnuAbout})
+    for (QAction* later : {mnuOpen, mnuClearList, mnuSaveAsDish, mnuCopyToFavorites, mnuDeleteFromDatabase})
         later->setEnabled(false);
     // Nothing to save or print while the list is empty.
     for (QAction* listAction : {mnuSave, mnuList, mnuPrintAnalysis})
@@ -158,6 +162,8 @@ void MainWindow::BuildMenus()
     };
     guarded(mnuExit, &MainWindow::Egress);
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
+    guarded(mnuAbout, &MainWindow::mnuAbout_Click);
+    guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
     guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
     guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
     guarded(mnuRememberColumnWidth, &MainWindow::mnuRememberColumnWidth_Click);
@@ -344,6 +350,21 @@ void MainWindow::mnuRememberWindowSize_Click()
 void MainWindow::mnuRememberColumnWidth_Click()
 {
     session_.settings.rememberColumnWidths = mnuRememberColumnWidth->isChecked();
+}
+
+void MainWindow::mnuAbout_Click()
+{
+    if (!aboutBox)
+        aboutBox = new AboutBox(session_, this);
+    aboutBox->open();
+}
+
+void MainWindow::mnuPlatewellWeb_Click()
+{
+    const QString address = QString::fromLatin1(kWebPageAddress);
+    if (!seams_.help.OpenWebPage(address))
+        seams_.prompts.Message(QString::fromLatin1(kWebPageFailed) + address, QString::fromLatin1(kWebPageTitle),
+                               MsgIcon::Exclamation);
 }
 
 void MainWindow::Disclaimer()

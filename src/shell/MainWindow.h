@@ -13,6 +13,7 @@ class QTableWidget;
 
 namespace pw {
 
+class AboutBox;
 class AnalysisPage;
 class ErrorGuard;
 class FoodListPage;
@@ -45,6 +46,7 @@ public:
     ProfilePage* profilePage = nullptr;
     FoodListPage* foodListPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
+    AboutBox* aboutBox = nullptr;  // created on first use
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
@@ -88,6 +90,8 @@ private:
     void OnProfileValidated(bool valid);
     void ShowHelpTopic(const char* file, int command, std::optional<int> context);
     void mnuShowTip_Click();
+    void mnuAbout_Click();
+    void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
     void SetViewMode(bool byDV);

@@ -1,5 +1,7 @@
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 #include <QMenu>
 #include <QMenuBar>
@@ -359,6 +361,30 @@ private slots:
         ReadSettingsText(program.folder.Read("pw.ini"), after);
         QCOMPARE(after.columnWidths[4], 4000);  // widths not remembered any more
         QVERIFY(after.rememberWindowSize);
+    }
+
+    void AboutBoxAndWebPage()
+    {
+        ProgramHarness program;
+        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        QVERIFY(program.Start());
+        MainWindow& w = *program.main;
+        w.findChild<QAction*>("mnuAbout")->trigger();
+        auto* about = w.findChild<QDialog*>("frmAbout");
+        QVERIFY(about && about->isVisible() && about->isModal());
+        QCOMPARE(about->findChild<QLabel*>("labDataVersion")->text(), QStringLiteral("Data version: 1.37 Test data"));
+        about->findChild<QPushButton*>("cmdOK")->click();
+        QVERIFY(!about->isVisible());
+
+        w.findChild<QAction*>("mnuPlatewellWeb")->trigger();
+        QCOMPARE(program.fakes.help.pages.size(), size_t(1));
+        QVERIFY(program.fakes.prompts.messages.empty());
+        program.fakes.help.webPageOpens = false;
+        w.findChild<QAction*>("mnuPlatewellWeb")->trigger();
+        QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
+        QCOMPARE(program.fakes.prompts.messages[0].text,
+                 "Unable to open your web browser.\r\nIf you are able to do so manually, please visit our site at:\r\n" +
+                     program.fakes.help.pages[0]);
     }
 
     void RunTimeErrorEndsWithOneMessageAndNoWrites()
