@@ -1,8 +1,10 @@
-# Food chooser and quantity entry: the tier lists, the scaled nutrients and
-# the quantity parser as model tests; the chooser on the food-list tab as
-# window tests, on small tables and on the delivered database.
+# Food chooser, quantity entry and the food list: the tier lists, the scaled
+# nutrients, the quantity parser and the list's rows and texts as model
+# tests; the chooser and the list's grid as window tests, on small tables and
+# on the delivered database.
 add_executable(foodlist_model_tests
   foodlist/ChooserStateTest.cpp
+  foodlist/FoodListTest.cpp
   foodlist/QuantityTest.cpp
   foodlist/TierMapTest.cpp
 )

@@ -1,5 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/foodlist/ChooserState.cpp
+  src/foodlist/FoodList.cpp
   src/foodlist/Quantity.cpp
   src/foodlist/TierMap.cpp
 )

@@ -7,6 +7,7 @@
 #include "analysis/Profile.h"
 #include "fooddb/FoodTable.h"
 #include "foodlist/ChooserState.h"
+#include "foodlist/FoodList.h"
 #include "foodlist/TierMap.h"
 #include "shell/Settings.h"
 
@@ -22,6 +23,7 @@ struct Session {
     Settings settings;
     TierMap tierMap;
     ChooserState chooser;  // the food and quantity being chosen
+    FoodList foodList;     // the foods chosen, shown in the main grid
     bool tutorialPending = false;
     Profile profile;            // the measures of the last profile validation
     DailyValues dailyValues{};  // kept while the profile is invalid
