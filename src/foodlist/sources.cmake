@@ -5,5 +5,6 @@ list(APPEND MODEL_SOURCES
   src/foodlist/TierMap.cpp
 )
 list(APPEND VIEW_SOURCES
+  src/foodlist/FoodListGrid.cpp
   src/foodlist/FoodListPage.cpp
 )

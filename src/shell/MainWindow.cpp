@@ -19,7 +19,10 @@
 #include "core/LineFile.h"
 #include "core/Text.h"
 #include "fooddb/DataFile.h"
+#include "foodlist/FoodList.h"
+#include "foodlist/FoodListGrid.h"
 #include "foodlist/FoodListPage.h"
+#include "foodlist/FoodListTexts.h"
 #include "shell/ErrorGuard.h"
 #include "shell/Seams.h"
 #include "shell/Session.h"
@@ -76,6 +79,13 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
     menu->menuAction()->setObjectName(QString::fromLatin1(name));
     return menu;
 }
+
+// The list commands whose work is done elsewhere: saving the list to its
+// file, printing, and saving the list as a dish. Each stays disabled, however
+// long the list, until its command is connected and its flag set here.
+constexpr bool kListFileCommandConnected = false;   // mnuSave
+constexpr bool kPrintCommandsConnected = false;     // mnuPrint, mnuList
+constexpr bool kSaveAsDishCommandConnected = false;  // mnuSaveAsDish
 
 // A menu's title in the bar follows the menu's own enabled state, so both
 // are set (the bar re-enabling its children must not re-enable the menu).
@@ -148,12 +158,10 @@ void MainWindow::BuildMenus()
     mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
 
     // Commands of windows still to come stay disabled until they arrive.
-    for (QAction* later : {mnuOpen, mnuClearList, mnuSaveAsDish, mnuCopyToFavorites, mnuDeleteFromDatabase})
+    for (QAction* later : {mnuOpen, mnuCopyToFavorites, mnuDeleteFromDatabase, mnuPrintAnalysis})
         later->setEnabled(false);
-    // Nothing to save or print while the list is empty.
-    for (QAction* listAction : {mnuSave, mnuList, mnuPrintAnalysis})
-        listAction->setEnabled(false);
-    SetMenuEnabled(mnuPrint, false);
+    // Nothing to save, print or clear while the list is empty.
+    UpdateListMenus();
     // A new profile starts invalid: nothing to view until it is complete.
     SetMenuEnabled(mnuViewBy, false);
 
@@ -161,6 +169,7 @@ void MainWindow::BuildMenus()
         connect(action, &QAction::triggered, this, [this, handler] { guard_.Run([&] { (this->*handler)(); }); });
     };
     guarded(mnuExit, &MainWindow::Egress);
+    guarded(mnuClearList, &MainWindow::mnuClearList_Click);
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
@@ -212,7 +221,18 @@ void MainWindow::BuildCentre()
     gridMain->setSelectionBehavior(QAbstractItemView::SelectRows);
     gridMain->setSelectionMode(QAbstractItemView::SingleSelection);
     gridMain->horizontalHeader()->setHighlightSections(false);
+    // One line a row: a long description is cut short, not wrapped into a
+    // row too low to show its second line.
+    gridMain->setWordWrap(false);
+    gridMain->verticalHeader()->setDefaultSectionSize(gridMain->fontMetrics().height() + 6);
     gridMain->setEnabled(false);
+
+    GridHooks gridHooks;
+    gridHooks.populateGridHeader = [this] { PopulateGridHeader(); };
+    gridHooks.viewByUnits = [this] { return ViewByUnits(); };
+    gridHooks.setDailyIntake = [this](int i, const QString& text) { analysisPage->SetDailyIntake(i, text); };
+    gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
+    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
 }
 
 int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
@@ -313,7 +333,28 @@ void MainWindow::ChangeView()
     foodListPage->SetUnitCaptions(!ViewByUnits());
     if (foodListPage->FoodChosen())
         foodListPage->DisplayFoodNutrients(session_.chooser.currentFood);
-    PopulateGridHeader();
+    RefreshGrid();
+    // The daily intake again, as percents written without the blank that a
+    // written row leaves before "DV".
+    listGrid->ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentUnspaced);
+}
+
+void MainWindow::RefreshGrid() { listGrid->RefreshGrid(); }
+
+void MainWindow::mnuClearList_Click()
+{
+    setWindowTitle(QString::fromLatin1(texts::kMainTitle));
+    listGrid->ClearGrid();
+}
+
+void MainWindow::UpdateListMenus()
+{
+    const ListCommandStates allowed = ListCommandsFor(session_.foodList.Count());
+    mnuClearList->setEnabled(allowed.clear);
+    mnuSave->setEnabled(kListFileCommandConnected && allowed.save);
+    SetMenuEnabled(mnuPrint, kPrintCommandsConnected && allowed.print);
+    mnuList->setEnabled(kPrintCommandsConnected && allowed.print);
+    mnuSaveAsDish->setEnabled(kSaveAsDishCommandConnected && allowed.saveAsDish);
 }
 
 void MainWindow::OnProfileValidated(bool valid)
@@ -325,7 +366,7 @@ void MainWindow::OnProfileValidated(bool valid)
     SetMenuEnabled(mnuViewBy, valid);
     if (valid) {
         analysisPage->UpdateSummary();
-        PopulateGridHeader();
+        RefreshGrid();
     }
 }
 

@@ -16,6 +16,7 @@ namespace pw {
 class AboutBox;
 class AnalysisPage;
 class ErrorGuard;
+class FoodListGrid;
 class FoodListPage;
 class ProfilePage;
 struct Seams;
@@ -38,7 +39,11 @@ public:
     bool EgressDone() const { return egressDone_; }
 
     void PopulateGridHeader();
+    // Redraws everything that shows nutrient values in the current view: the
+    // chooser's units and values, the grid and the daily intake.
     void ChangeView();
+    // The grid's header and every row of the list.
+    void RefreshGrid();
     bool ViewByUnits() const;
 
     QTabWidget* tabMain = nullptr;
@@ -46,6 +51,7 @@ public:
     ProfilePage* profilePage = nullptr;
     FoodListPage* foodListPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
+    FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
     AboutBox* aboutBox = nullptr;  // created on first use
 
     // Menus and items, named as their objectName.
@@ -95,6 +101,9 @@ private:
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
     void SetViewMode(bool byDV);
+    void mnuClearList_Click();
+    // The list commands follow the list's length.
+    void UpdateListMenus();
     int DpiX() const;
     int DpiY() const;
     int WidthTwips() const;

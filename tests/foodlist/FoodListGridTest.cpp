@@ -1,0 +1,299 @@
+#include <QAction>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+
+#include "Fixtures.h"
+#include "WindowTestSupport.h"
+#include "foodlist/FoodListPage.h"
+
+using namespace pw;
+using namespace pw::test;
+
+namespace {
+
+struct ListFood {
+    QStringList tiers;
+    QString quantity;
+};
+// Butter: 108 kcal, 12 g fats, 31 mg cholesterol, 3 mg calcium, 82 mg sodium
+// a tbsp; two and a half make 270, 30, 78 (77.5), 8 (7.5) and 205.
+const ListFood kButter = {{"Dairy and Eggs", "Butter", "Salted", "1 tbsp"}, "2-1/2"};
+const ListFood kCheddar = {{"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"}, " 1"};
+const ListFood kPeas = {{"Vegetables", "Peas", "Green, frozen", "1 cup"}, " 1"};
+const QStringList kButterCells = {"2-1/2", "1 tbsp", "Dairy and Eggs", "Butter", "Salted", "270", "0 g",
+                                  "0 g",   "30 g",   "78 mg",          "0 g",    "8 mg",   "205 mg"};
+const QStringList kCheddarCells = {" 1", "1 oz", "Dairy and Eggs", "Cheese", "Cheddar", "109", "7 g",
+                                   "0 g", "9 g", "30 mg",          "0 g",    "204 mg",  "176 mg"};
+
+struct Program {
+    Program()
+    {
+        // 119 lb, female, sedentary: daily values 1666 kcal, 50 g protein,
+        // 240 g carbs, 56 g fats, 250 mg cholesterol, 21 g fiber, 666 mg
+        // calcium, 1978 mg sodium.
+        WriteProgramFolder(h.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        h.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\n"
+                                      "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
+        if (!h.Start())
+            qFatal("the program did not start");
+    }
+    FoodListPage& page() const { return *h.main->foodListPage; }
+    QTableWidget& grid() const { return *h.main->gridMain; }
+    FoodList& list() { return h.session.foodList; }
+    const std::vector<RecordedMessage>& Messages() const { return h.fakes.prompts.messages; }
+    void Trigger(const char* action) const { h.main->findChild<QAction*>(action)->trigger(); }
+
+    // New Item, the tiers and the quantity as the user picks and types
+    // them, and Accept.
+    void Add(const ListFood& food) const
+    {
+        page().btnNewItem->click();
+        QComboBox* tiers[] = {page().comTier0, page().comTier1, page().comTier2, page().comTier3};
+        for (int t = 0; t < 4; ++t) {
+            const int i = tiers[t]->findText(food.tiers[t]);
+            if (tiers[t]->currentIndex() != i) {  // a single measure comes with its description
+                tiers[t]->setCurrentIndex(i);
+                emit tiers[t]->activated(i);
+            }
+        }
+        EnterQuantity(food.quantity);
+        page().btnAcceptItem->click();
+    }
+    void EnterQuantity(const QString& text) const
+    {
+        page().comQuantity->setEditText(text);
+        QTest::keyRelease(page().comQuantity, Qt::Key_End);
+    }
+    void ClickRow(int row) const
+    {
+        grid().scrollToItem(grid().item(row - 1, 0));
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
+                          grid().visualRect(grid().model()->index(row - 1, 0)).center());
+    }
+    QStringList Cells(int row) const
+    {
+        QStringList cells;
+        for (int c = 0; c < 13; ++c)
+            cells << (grid().item(row - 1, c) ? grid().item(row - 1, c)->text() : QString());
+        return cells;
+    }
+    QStringList Labels(const QString& pattern) const
+    {
+        QStringList texts;
+        for (int i = 0; i < 8; ++i)
+            texts << h.main->findChild<QLabel*>(pattern.arg(i))->text();
+        return texts;
+    }
+    QStringList DailyIntake() const { return Labels(QStringLiteral("labDailyIntake%1")); }
+    // Clearing is offered while the list has rows; saving, printing and
+    // saving as a dish are not offered before their commands exist.
+    void VerifyListMenus(bool rows) const
+    {
+        QCOMPARE(h.main->mnuClearList->isEnabled(), rows);
+        QVERIFY(!h.main->mnuSave->isEnabled() && !h.main->mnuList->isEnabled());
+        QVERIFY(!h.main->mnuSaveAsDish->isEnabled() && !h.main->mnuPrint->menuAction()->isEnabled());
+    }
+    void VerifyChooserReset() const
+    {
+        QVERIFY(!page().comTier0->isEnabled() && page().comTier0->currentIndex() == -1);
+        QVERIFY(!page().btnDeleteItem->isEnabled() && !page().btnSearch->isEnabled());
+        QVERIFY(!page().btnAcceptItem->isEnabled());
+        QCOMPARE(Labels(QStringLiteral("labNutrVal%1")), QStringList(8, QString()));
+    }
+
+    ProgramHarness h;
+};
+
+QStringList Suffixed(const QStringList& numbers, const char* suffix)
+{
+    QStringList texts;
+    for (const QString& n : numbers)
+        texts << n + QString::fromLatin1(suffix);
+    return texts;
+}
+QStringList WithNutrients(const QStringList& cells, const QStringList& nutrients)
+{
+    return cells.mid(0, 5) + nutrients;
+}
+
+}  // namespace
+
+class FoodListGridTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void RowsAndTotalsInBothViewsFromTheStoredValues()
+    {
+        Program p;
+        p.VerifyListMenus(false);
+        p.Add(kButter);
+        p.Add(kCheddar);
+        QCOMPARE(p.grid().rowCount(), 3);  // and the empty row below
+        QCOMPARE(p.Cells(1), kButterCells);
+        QCOMPARE(p.Cells(2), kCheddarCells);
+        QCOMPARE(p.DailyIntake(), QStringList({"379", "7 g", "0 g", "39 g", "108 mg", "0 g", "212 mg", "381 mg"}));
+        QVERIFY(!p.list().listSaved);
+        p.VerifyChooserReset();
+        p.VerifyListMenus(true);
+
+        // A stored percent is shown as stored: nothing is recomputed.
+        FoodListEntry cheddar = p.list().Entry(2);
+        cheddar.percents[kFiber] = 999;
+        p.list().Replace(2, cheddar);
+        p.Trigger("mnuViewByDV");
+        QCOMPARE(p.Cells(1),
+                 WithNutrients(kButterCells, Suffixed({"16", "0", "0", "54", "31", "0", "1", "10"}, "%DV")));
+        QCOMPARE(p.Cells(2),
+                 WithNutrients(kCheddarCells, Suffixed({"7", "14", "0", "16", "12", "999", "31", "9"}, "%DV")));
+        QCOMPARE(p.DailyIntake(), Suffixed({"23", "14", "0", "70", "43", "0", "32", "19"}, "%DV"));
+
+        // Twice the weight: new daily values for the totals, whose rows keep
+        // the percents they were stored with.
+        auto* weight = p.h.main->findChild<QLineEdit*>("txtWeight");
+        weight->selectAll();
+        QTest::keyClicks(weight, QStringLiteral("238"));
+        QCOMPARE(p.Cells(1)[5], QStringLiteral("16%DV"));
+        QCOMPARE(p.DailyIntake()[kCalories], QStringLiteral("11% DV"));  // 379 / 3332, written as rows are
+
+        QVERIFY(p.Messages().empty());
+    }
+
+    void TheFiveHundredAndFirstRowIsRefused()
+    {
+        Program p;
+        p.Add(kCheddar);
+        while (p.list().Count() < kFoodListCapacity - 1)
+            p.list().Append(p.list().Entry(1));
+        p.Add(kButter);
+        QCOMPARE(p.list().Count(), kFoodListCapacity);
+
+        p.Add(kPeas);
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QCOMPARE(p.Messages()[0].text, QStringLiteral("List is full, unable to add\r\nany more."));
+        QCOMPARE(p.Messages()[0].title, QStringLiteral("Unable to Add to List"));
+        QVERIFY(p.Messages()[0].icon == MsgIcon::Exclamation && p.Messages()[0].buttons == MsgButtons::Ok);
+        QCOMPARE(p.list().Count(), kFoodListCapacity);
+        QCOMPARE(p.grid().rowCount(), kFoodListCapacity + 1);
+        QCOMPARE(p.Cells(kFoodListCapacity), kButterCells);
+    }
+
+    void ARowClickedLoadsTheChooserAnyOtherClickResetsIt()
+    {
+        Program p;
+        p.Add(kButter);
+        p.Add(kCheddar);
+        // The row's own quantity scales the food again: Change without an
+        // edit keeps the row, whatever the box held before.
+        p.page().comQuantity->setEditText(QStringLiteral("7"));
+        p.ClickRow(1);
+        QCOMPARE(p.page().btnAcceptItem->text(), QStringLiteral("Change"));
+        QVERIFY(p.page().btnDeleteItem->isEnabled() && p.page().btnSearch->isEnabled());
+        QCOMPARE(p.page().comTier3->currentText(), QStringLiteral("1 tbsp"));
+        QCOMPARE(p.page().comQuantity->currentText(), QStringLiteral("2-1/2"));
+        QCOMPARE(p.Labels(QStringLiteral("labNutrVal%1"))[kCholesterol], QStringLiteral("78"));
+        const FoodListEntry butter = p.list().Entry(1);
+        p.page().btnAcceptItem->click();
+        QCOMPARE(p.list().Entry(1), butter);
+
+        p.ClickRow(1);
+        p.EnterQuantity(QStringLiteral("1"));
+        p.page().btnAcceptItem->click();
+        QCOMPARE(p.list().Count(), 2);
+        QCOMPARE(p.grid().rowCount(), 3);
+        QCOMPARE(p.Cells(1), WithNutrients({"1", "1 tbsp", "Dairy and Eggs", "Butter", "Salted"},
+                                           {"108", "0 g", "0 g", "12 g", "31 mg", "0 g", "3 mg", "82 mg"}));
+        QCOMPARE(p.DailyIntake()[kCalories], QStringLiteral("217"));
+        p.VerifyChooserReset();
+
+        // The keys move to a row as a click does.
+        p.ClickRow(1);
+        QTest::keyClick(&p.grid(), Qt::Key_Down);
+        QCOMPARE(p.page().comTier2->currentText(), QStringLiteral("Cheddar"));
+
+        p.h.main->resize(p.h.main->width(), p.h.main->height() + 300);  // room below the rows
+        const std::function<void()> outside[] = {
+            [&] { QTest::mouseClick(p.grid().horizontalHeader()->viewport(), Qt::LeftButton, {}, {10, 5}); },
+            [&] { p.ClickRow(3); },  // the empty row
+            [&] {
+                QTest::mouseClick(p.grid().viewport(), Qt::LeftButton, {}, {20, p.grid().viewport()->height() - 2});
+            },
+        };
+        for (const auto& click : outside) {
+            p.ClickRow(2);
+            QVERIFY(p.page().btnDeleteItem->isEnabled());
+            click();
+            p.VerifyChooserReset();
+        }
+        QVERIFY(p.Messages().empty());
+    }
+
+    void DeletingAndClearing()
+    {
+        Program p;
+        for (const ListFood& food : {kButter, kCheddar, kPeas})
+            p.Add(food);
+        const FoodListEntry peas = p.list().Entry(3);
+        const QStringList peasCells = p.Cells(3);
+        auto& prompts = p.h.fakes.prompts;
+        const QString item = QStringLiteral("\"Dairy and Eggs / Cheese / Cheddar\"");
+
+        p.ClickRow(2);
+        prompts.answers = {MsgResult::No, MsgResult::Yes};
+        p.page().btnDeleteItem->click();
+        QCOMPARE(p.list().Count(), 3);
+        QVERIFY(!p.h.session.foodTable.DatabaseDirty);
+        p.page().btnDeleteItem->click();
+        const QString question = QStringLiteral("This will delete the item:\r\n") + item +
+                                 QStringLiteral("\r\nfrom your list, as shown in the grid.\r\n\r\n"
+                                                "Do you want to delete this item?");
+        const QStringList texts = {question, "Operation cancelled.", question,
+                                   item + QStringLiteral("\r\nItem removed from your list.")};
+        QCOMPARE(p.Messages().size(), size_t(4));
+        for (int i = 0; i < 4; ++i) {
+            const bool asked = i % 2 == 0;
+            QCOMPARE(p.Messages()[i].text, texts[i]);
+            QCOMPARE(p.Messages()[i].title, asked ? QStringLiteral("Confirm Delete from List") : "Delete from List");
+            QVERIFY(p.Messages()[i].icon == (asked ? MsgIcon::Question : MsgIcon::Information));
+            QVERIFY(p.Messages()[i].buttons == (asked ? MsgButtons::YesNo : MsgButtons::Ok));
+        }
+        QCOMPARE(p.list().Count(), 2);
+        QCOMPARE(p.list().Entry(2), peas);
+        QCOMPARE(p.Cells(2), peasCells);
+        QCOMPARE(p.grid().rowCount(), 3);
+        QCOMPARE(p.DailyIntake()[kCalories], QStringLiteral("383"));  // butter and peas
+        QVERIFY(p.h.session.foodTable.DatabaseDirty);
+        p.VerifyChooserReset();
+        p.VerifyListMenus(true);
+
+        for (int rows = 2; rows > 0; --rows) {
+            prompts.answers = {MsgResult::Yes};
+            p.ClickRow(rows);
+            p.page().btnDeleteItem->click();
+            p.VerifyListMenus(rows > 1);
+        }
+        QCOMPARE(p.grid().rowCount(), 1);
+
+        // Clearing: no rows, the profile kept, nothing left to delete.
+        p.Add(kCheddar);
+        p.ClickRow(1);
+        p.h.main->setWindowTitle(QStringLiteral("Platewell - day.pwl"));
+        p.Trigger("mnuClearList");
+        QCOMPARE(p.h.main->windowTitle(), QStringLiteral("Platewell"));
+        QCOMPARE(p.list().Count(), 0);
+        QCOMPARE(p.grid().rowCount(), 0);
+        QCOMPARE(p.DailyIntake()[kSodium], QStringLiteral("0 mg"));
+        QCOMPARE(p.h.main->findChild<QLineEdit*>("txtName")->text(), QStringLiteral("Ann"));
+        p.VerifyChooserReset();
+        p.VerifyListMenus(false);
+        QVERIFY(!p.h.guard.Failed());
+    }
+};
+
+QTEST_MAIN(FoodListGridTest)
+#include "FoodListGridTest.moc"
