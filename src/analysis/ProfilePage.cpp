@@ -1,5 +1,7 @@
 #include "analysis/ProfilePage.h"
 
+#include "shell/ErrorGuard.h"
+
 #include <QEvent>
 #include <QFile>
 #include <QGridLayout>
@@ -98,29 +100,29 @@ ProfilePage::ProfilePage(Session& session, Seams& seams, QWidget* parent)
 {
     BuildControls();
 
-    connect(txtName, &QLineEdit::textChanged, this, [this] { txtName_Change(); });
-    connect(txtYOB, &QLineEdit::textChanged, this, [this] { txtYOB_Change(); });
+    connect(txtName, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtName_Change(); }); });
+    connect(txtYOB, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtYOB_Change(); }); });
     for (QLineEdit* box : {txtName, txtYOB, txtHeight, txtWeight})
         box->installEventFilter(this);
     for (int i = 0; i < kMeasurementOptions; ++i)
         connect(optMeasurement[i], &QRadioButton::toggled, this, [this, i](bool on) {
             if (on)
-                optMeasurement_Click(i);
+                RunGuarded(guard, [this, i] { optMeasurement_Click(i); });
         });
     for (QRadioButton* option : optSex)
         connect(option, &QRadioButton::toggled, this, [this](bool on) {
             if (on)
-                optSex_Click();
+                RunGuarded(guard, [this] { optSex_Click(); });
         });
     for (QRadioButton* option : optLifestyle)
         connect(option, &QRadioButton::toggled, this, [this](bool on) {
             if (on)
-                optLifestyle_Click();
+                RunGuarded(guard, [this] { optLifestyle_Click(); });
         });
-    connect(btnNewProfile, &QPushButton::clicked, this, [this] { btnNewProfile_Click(); });
-    connect(btnLoadProfile, &QPushButton::clicked, this, [this] { btnLoadProfile_Click(); });
-    connect(btnSaveProfile, &QPushButton::clicked, this, [this] { btnSaveProfile_Click(); });
-    connect(btnTab1Help, &QPushButton::clicked, this, [this] { btnTab1Help_Click(); });
+    connect(btnNewProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewProfile_Click(); }); });
+    connect(btnLoadProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnLoadProfile_Click(); }); });
+    connect(btnSaveProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSaveProfile_Click(); }); });
+    connect(btnTab1Help, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnTab1Help_Click(); }); });
 }
 
 void ProfilePage::BuildControls()
@@ -295,14 +297,16 @@ void ProfilePage::optLifestyle_Click() { ValidateFromHandler(); }
 bool ProfilePage::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyRelease) {
-        if (watched == txtName)
-            txtName_KeyUp();
-        else if (watched == txtYOB)
-            txtYOB_KeyUp();
-        else if (watched == txtHeight)
-            txtHeight_KeyUp();
-        else if (watched == txtWeight)
-            txtWeight_KeyUp();
+        RunGuarded(guard, [this, watched] {
+            if (watched == txtName)
+                txtName_KeyUp();
+            else if (watched == txtYOB)
+                txtYOB_KeyUp();
+            else if (watched == txtHeight)
+                txtHeight_KeyUp();
+            else if (watched == txtWeight)
+                txtWeight_KeyUp();
+        });
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -17,11 +17,17 @@ class QRadioButton;
 
 namespace pw {
 
+class ErrorGuard;
+
 // The profile tab of the main window: the person's entries, validated on
 // every edit, and the profile files.
 class ProfilePage : public QWidget {
     Q_OBJECT
 public:
+    // Where run-time errors of this page's handlers go; the main window sets
+    // it.
+    ErrorGuard* guard = nullptr;
+
     ProfilePage(Session& session, Seams& seams, QWidget* parent = nullptr);
 
     // Reads the controls into the session's profile, tells an under-age user

@@ -1,5 +1,7 @@
 #include "foodlist/FoodListPage.h"
 
+#include "shell/ErrorGuard.h"
+
 #include <QComboBox>
 #include <QEvent>
 #include <QFrame>
@@ -70,12 +72,12 @@ FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
 
     // A user's pick arrives as activated; selections made by code do not run
     // the tier operations a second time.
-    connect(comTier0, &QComboBox::activated, this, [this] { ProcessTier0(); });
-    connect(comTier1, &QComboBox::activated, this, [this] { ProcessTier1(); });
-    connect(comTier2, &QComboBox::activated, this, [this] { ProcessTier2(); });
-    connect(comTier3, &QComboBox::activated, this, [this] { ProcessTier3(); });
-    connect(comQuantity, &QComboBox::activated, this, [this] { comQuantity_Click(); });
-    connect(btnNewItem, &QPushButton::clicked, this, [this] { btnNewItem_Click(); });
+    connect(comTier0, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier0(); }); });
+    connect(comTier1, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier1(); }); });
+    connect(comTier2, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier2(); }); });
+    connect(comTier3, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier3(); }); });
+    connect(comQuantity, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { comQuantity_Click(); }); });
+    connect(btnNewItem, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewItem_Click(); }); });
     // Keys reach the combo first and its line edit without another filter
     // pass, unless they are sent to the line edit itself: watch both.
     comQuantity->installEventFilter(this);
@@ -502,7 +504,7 @@ void FoodListPage::comQuantity_KeyUp() { ProcessData(); }
 bool FoodListPage::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyRelease && (watched == comQuantity || watched == comQuantity->lineEdit()))
-        comQuantity_KeyUp();
+        RunGuarded(guard, [this] { comQuantity_KeyUp(); });
     return QWidget::eventFilter(watched, event);
 }
 

@@ -13,6 +13,8 @@ class QPushButton;
 
 namespace pw {
 
+class ErrorGuard;
+
 struct Seams;
 struct Session;
 
@@ -27,6 +29,10 @@ struct ChooserHooks {
 class FoodListPage : public QWidget {
     Q_OBJECT
 public:
+    // Where run-time errors of this page's handlers go; the main window sets
+    // it.
+    ErrorGuard* guard = nullptr;
+
     FoodListPage(Session& session, Seams& seams, QWidget* parent = nullptr);
 
     void SetHooks(ChooserHooks hooks);

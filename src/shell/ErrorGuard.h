@@ -40,4 +40,15 @@ private:
     bool failed_ = false;
 };
 
+// Runs work inside guard when there is one. A window built on its own, as a
+// test builds it, has none and lets the error through to its caller.
+template <class Work>
+void RunGuarded(ErrorGuard* guard, Work&& work)
+{
+    if (guard)
+        guard->Run(std::forward<Work>(work));
+    else
+        std::forward<Work>(work)();
+}
+
 }  // namespace pw

@@ -199,7 +199,9 @@ void MainWindow::BuildCentre()
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, tabMain);
+    profilePage->guard = &guard_;
     foodListPage = new FoodListPage(session_, seams_, tabMain);
+    foodListPage->guard = &guard_;
     foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
                             [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
                             [this] { return ViewByUnits(); }});
