@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "printing/ReportPrinter.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
 #include "shell/ProgramWindows.h"
@@ -55,7 +56,8 @@ int RunPlatewell(int& argc, char** argv)
     SystemFileDialogs files;
     SystemHelpDisplay help(prompts);
     SystemClock clock;
-    Seams seams{prompts, files, help, clock};
+    SystemPrinter printer(files, prompts, QString::fromStdString(session.programFolder));
+    Seams seams{prompts, files, help, clock, printer};
     ErrorGuard guard(session, prompts);
     app.SetGuard(&guard);
 

@@ -58,6 +58,13 @@ public:
     virtual bool OpenWebPage(const QString& url) = 0;
 };
 
+// Prints a report; false when nothing was printed (cancelled, no printer).
+class Printer {
+public:
+    virtual ~Printer() = default;
+    virtual bool Print(const QString& title, const QString& html) = 0;
+};
+
 class Clock {
 public:
     virtual ~Clock() = default;
@@ -70,6 +77,7 @@ struct Seams {
     FileDialogs& files;
     HelpDisplay& help;
     Clock& clock;
+    Printer& printer;
 };
 
 // The path of the file name in the program folder: an existing file whose

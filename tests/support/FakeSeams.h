@@ -102,13 +102,29 @@ public:
     int year;
 };
 
-// All four fakes together, with the Seams that refer to them.
+struct PrintedReport {
+    QString title;
+    QString html;
+};
+
+class RecordingPrinter : public Printer {
+public:
+    bool Print(const QString& title, const QString& html) override
+    {
+        reports.push_back({title, html});
+        return true;
+    }
+    std::vector<PrintedReport> reports;
+};
+
+// All the fakes together, with the Seams that refer to them.
 struct FakeSeams {
     RecordingPrompts prompts;
     ScriptedFileDialogs files;
     RecordingHelp help;
     FixedClock clock;
-    Seams seams{prompts, files, help, clock};
+    RecordingPrinter printer;
+    Seams seams{prompts, files, help, clock, printer};
 };
 
 }  // namespace pw::test
