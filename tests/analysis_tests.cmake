@@ -1,5 +1,6 @@
-# Profile, daily values and BMI, profile file: model tests.
+# Profile, daily values and BMI, profile and list files: model tests.
 add_executable(analysis_model_tests
+  analysis/AnalysisFileTest.cpp
   analysis/DailyValuesTest.cpp
   analysis/ProfileFileTest.cpp
   analysis/ProfileTest.cpp

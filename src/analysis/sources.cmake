@@ -1,4 +1,5 @@
 list(APPEND MODEL_SOURCES
+  src/analysis/AnalysisFile.cpp
   src/analysis/DailyValues.cpp
   src/analysis/Profile.cpp
   src/analysis/ProfileFile.cpp
