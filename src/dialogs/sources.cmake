@@ -1,0 +1,3 @@
+list(APPEND MODEL_SOURCES
+  src/dialogs/Search.cpp
+)
