@@ -12,4 +12,5 @@ if(PLATEWELL_GUI)
   # The profile and analysis tabs, driven by their named controls.
   platewell_window_test(analysis_profile_page_tests analysis/ProfilePageTest.cpp)
   platewell_window_test(analysis_summary_tests analysis/AnalysisPageTest.cpp)
+  platewell_window_test(analysis_list_file_tests analysis/AnalysisFileCommandsTest.cpp)
 endif()

@@ -5,6 +5,7 @@ list(APPEND MODEL_SOURCES
   src/analysis/ProfileFile.cpp
 )
 list(APPEND VIEW_SOURCES
+  src/analysis/AnalysisFileCommands.cpp
   src/analysis/AnalysisPage.cpp
   src/analysis/ProfilePage.cpp
 )

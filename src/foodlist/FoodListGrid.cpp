@@ -155,6 +155,19 @@ void FoodListGrid::RefreshGrid()
         PushToList(row);
 }
 
+void FoodListGrid::AppendEntry(FoodListEntry entry)
+{
+    const int row = session_.foodList.Append(std::move(entry));
+    PushToList(row);
+    {
+        FlagScope writing(writing_);
+        if (grid_.rowCount() < row + 1)
+            grid_.setRowCount(row + 1);
+    }
+    if (hooks_.listLengthChanged)
+        hooks_.listLengthChanged();
+}
+
 void FoodListGrid::ShowDailyIntake(IntakeStyle style)
 {
     if (!hooks_.setDailyIntake)
@@ -179,7 +192,9 @@ void FoodListGrid::btnDeleteItem_Click()
     }
     FoodList& list = session_.foodList;
     const int row = list.selectedRow;
+    const bool saved = list.listSaved;
     list.Delete(row);
+    list.listSaved = saved;
     {
         FlagScope writing(writing_);
         grid_.removeRow(row - 1);

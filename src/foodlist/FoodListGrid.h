@@ -45,7 +45,11 @@ public:
     void RefreshGrid();
     // The list's totals in the analysis' daily-intake labels.
     void ShowDailyIntake(IntakeStyle style);
-    // Deletes the selected row after the user confirms.
+    // Appends an entry made elsewhere (a list being opened) and writes its
+    // row, with the empty row below it.
+    void AppendEntry(FoodListEntry entry);
+    // Deletes the selected row after the user confirms. The list stays
+    // saved if it was: only adding or changing a row asks to save it again.
     void btnDeleteItem_Click();
     // No rows, the chooser reset and the list commands disabled.
     void ClearGrid();

@@ -13,6 +13,8 @@
 #include <QTableWidget>
 #include <QWidget>
 
+#include "analysis/AnalysisFile.h"
+#include "analysis/AnalysisFileCommands.h"
 #include "analysis/AnalysisPage.h"
 #include "shell/AboutBox.h"
 #include "analysis/ProfilePage.h"
@@ -83,7 +85,7 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
 // The list commands whose work is done elsewhere: saving the list to its
 // file, printing, and saving the list as a dish. Each stays disabled, however
 // long the list, until its command is connected and its flag set here.
-constexpr bool kListFileCommandConnected = false;   // mnuSave
+constexpr bool kListFileCommandConnected = true;    // mnuSave
 constexpr bool kPrintCommandsConnected = false;     // mnuPrint, mnuList
 constexpr bool kSaveAsDishCommandConnected = false;  // mnuSaveAsDish
 
@@ -158,7 +160,7 @@ void MainWindow::BuildMenus()
     mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
 
     // Commands of windows still to come stay disabled until they arrive.
-    for (QAction* later : {mnuOpen, mnuCopyToFavorites, mnuDeleteFromDatabase, mnuPrintAnalysis})
+    for (QAction* later : {mnuCopyToFavorites, mnuDeleteFromDatabase, mnuPrintAnalysis})
         later->setEnabled(false);
     // Nothing to save, print or clear while the list is empty.
     UpdateListMenus();
@@ -170,6 +172,8 @@ void MainWindow::BuildMenus()
     };
     guarded(mnuExit, &MainWindow::Egress);
     guarded(mnuClearList, &MainWindow::mnuClearList_Click);
+    connect(mnuOpen, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuOpen_Click(); }); });
+    connect(mnuSave, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuSave_Click(); }); });
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
@@ -235,6 +239,8 @@ void MainWindow::BuildCentre()
     gridHooks.setDailyIntake = [this](int i, const QString& text) { analysisPage->SetDailyIntake(i, text); };
     gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
+    listFile = new AnalysisFileCommands(session_, seams_, *this, *profilePage, *analysisPage, *foodListPage, *listGrid,
+                                        this);
 }
 
 int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
@@ -343,11 +349,7 @@ void MainWindow::ChangeView()
 
 void MainWindow::RefreshGrid() { listGrid->RefreshGrid(); }
 
-void MainWindow::mnuClearList_Click()
-{
-    setWindowTitle(QString::fromLatin1(texts::kMainTitle));
-    listGrid->ClearGrid();
-}
+void MainWindow::mnuClearList_Click() { listFile->mnuClearList_Click(); }
 
 void MainWindow::UpdateListMenus()
 {
@@ -485,6 +487,9 @@ void MainWindow::Egress()
         dataPath = JoinPath(session_.programFolder, kDataFileName);
     SaveDatabase(session_.foodTable, dataPath);
     QApplication::restoreOverrideCursor();
+
+    if (listFile->ListNeedsSaving())
+        listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleExit));
 
     session_.ended = true;
     QCoreApplication::exit(0);

@@ -14,6 +14,7 @@ class QTableWidget;
 namespace pw {
 
 class AboutBox;
+class AnalysisFileCommands;
 class AnalysisPage;
 class ErrorGuard;
 class FoodListGrid;
@@ -33,7 +34,8 @@ public:
     // list, the quantity list, the view and the first-run tutorial offer.
     void Form_Load();
     // Shutdown, in order: default profile, column widths, window size and
-    // state, pw.ini, data.dat; then the program ends. Runs once.
+    // state, pw.ini, data.dat, the offer to save an unsaved list; then the
+    // program ends. Runs once.
     void Egress();
     void Disclaimer();
     bool EgressDone() const { return egressDone_; }
@@ -52,6 +54,7 @@ public:
     FoodListPage* foodListPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
     FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
+    AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
     AboutBox* aboutBox = nullptr;  // created on first use
 
     // Menus and items, named as their objectName.

@@ -27,6 +27,9 @@ struct Session {
     bool tutorialPending = false;
     Profile profile;            // the measures of the last profile validation
     DailyValues dailyValues{};  // kept while the profile is invalid
+    // The list file last saved or opened (its path in the file system's
+    // encoding), empty for none; the main window's caption names it.
+    std::string currentListFile;
     // Set when the program is ending, by its shutdown or by a run-time
     // error; from then on nothing more is written.
     bool ended = false;

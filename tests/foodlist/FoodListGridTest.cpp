@@ -91,12 +91,13 @@ struct Program {
         return texts;
     }
     QStringList DailyIntake() const { return Labels(QStringLiteral("labDailyIntake%1")); }
-    // Clearing is offered while the list has rows; saving, printing and
+    // Clearing and saving are offered while the list has rows; printing and
     // saving as a dish are not offered before their commands exist.
     void VerifyListMenus(bool rows) const
     {
         QCOMPARE(h.main->mnuClearList->isEnabled(), rows);
-        QVERIFY(!h.main->mnuSave->isEnabled() && !h.main->mnuList->isEnabled());
+        QCOMPARE(h.main->mnuSave->isEnabled(), rows);
+        QVERIFY(!h.main->mnuList->isEnabled());
         QVERIFY(!h.main->mnuSaveAsDish->isEnabled() && !h.main->mnuPrint->menuAction()->isEnabled());
     }
     void VerifyChooserReset() const
