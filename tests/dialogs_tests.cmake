@@ -5,3 +5,7 @@ add_executable(dialogs_model_tests
 )
 target_link_libraries(dialogs_model_tests PRIVATE platewell_test_support GTest::gtest_main)
 gtest_discover_tests(dialogs_model_tests DISCOVERY_TIMEOUT 60)
+
+if(PLATEWELL_GUI)
+  platewell_window_test(dialogs_search_tests dialogs/SearchDialogTest.cpp)
+endif()

@@ -1,3 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/dialogs/Search.cpp
 )
+list(APPEND VIEW_SOURCES
+  src/dialogs/SearchDialog.cpp
+)

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "core/Numeric.h"
+#include "dialogs/SearchDialog.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/ChooserTexts.h"
 #include "foodlist/Quantity.h"
@@ -78,6 +79,7 @@ FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
     connect(comTier3, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier3(); }); });
     connect(comQuantity, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { comQuantity_Click(); }); });
     connect(btnNewItem, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewItem_Click(); }); });
+    connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
     // Keys reach the combo first and its line edit without another filter
     // pass, unless they are sent to the line edit itself: watch both.
     comQuantity->installEventFilter(this);
@@ -338,6 +340,16 @@ void FoodListPage::ProcessTier(int tier)
 }
 
 void FoodListPage::btnNewItem_Click() { NewItem(); }
+
+void FoodListPage::btnSearch_Click()
+{
+    // Window-modal over the main window: nothing there takes input while
+    // the dialog is open.
+    if (!frmSearch)
+        frmSearch = new SearchDialog(session_, seams_, *this, window());
+    frmSearch->guard = guard;
+    frmSearch->open();
+}
 
 void FoodListPage::NewItem()
 {

@@ -14,6 +14,7 @@ class QPushButton;
 namespace pw {
 
 class ErrorGuard;
+class SearchDialog;
 
 struct Seams;
 struct Session;
@@ -87,6 +88,8 @@ public:
     QPushButton* btnAcceptItem = nullptr;
     QPushButton* btnDeleteItem = nullptr;
     QPushButton* btnTab2Help = nullptr;
+    // Opened by btnSearch; created on first use and kept.
+    SearchDialog* frmSearch = nullptr;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -102,6 +105,7 @@ private:
     void ProcessTier(int tier);
     void AskAboutEmptyFavorites();
     void btnNewItem_Click();
+    void btnSearch_Click();
     void comQuantity_Click();
     void comQuantity_KeyUp();
     void SetCopyToFavoritesEnabled(bool enabled);
