@@ -4,6 +4,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDate>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QMenuBar>
@@ -16,6 +17,7 @@
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisFileCommands.h"
 #include "analysis/AnalysisPage.h"
+#include "printing/Report.h"
 #include "shell/AboutBox.h"
 #include "analysis/ProfilePage.h"
 #include "core/LineFile.h"
@@ -86,7 +88,7 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
 // file, printing, and saving the list as a dish. Each stays disabled, however
 // long the list, until its command is connected and its flag set here.
 constexpr bool kListFileCommandConnected = true;    // mnuSave
-constexpr bool kPrintCommandsConnected = false;     // mnuPrint, mnuList
+constexpr bool kPrintCommandsConnected = true;      // mnuPrint, mnuList
 constexpr bool kSaveAsDishCommandConnected = false;  // mnuSaveAsDish
 
 // A menu's title in the bar follows the menu's own enabled state, so both
@@ -160,7 +162,7 @@ void MainWindow::BuildMenus()
     mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
 
     // Commands of windows still to come stay disabled until they arrive.
-    for (QAction* later : {mnuCopyToFavorites, mnuDeleteFromDatabase, mnuPrintAnalysis})
+    for (QAction* later : {mnuCopyToFavorites, mnuDeleteFromDatabase})
         later->setEnabled(false);
     // Nothing to save, print or clear while the list is empty.
     UpdateListMenus();
@@ -176,6 +178,8 @@ void MainWindow::BuildMenus()
     connect(mnuSave, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuSave_Click(); }); });
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
+    guarded(mnuList, &MainWindow::mnuList_Click);
+    guarded(mnuPrintAnalysis, &MainWindow::mnuPrintAnalysis_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
     guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
     guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
@@ -358,6 +362,7 @@ void MainWindow::UpdateListMenus()
     mnuSave->setEnabled(kListFileCommandConnected && allowed.save);
     SetMenuEnabled(mnuPrint, kPrintCommandsConnected && allowed.print);
     mnuList->setEnabled(kPrintCommandsConnected && allowed.print);
+    mnuPrintAnalysis->setEnabled(kPrintCommandsConnected && allowed.print);
     mnuSaveAsDish->setEnabled(kSaveAsDishCommandConnected && allowed.saveAsDish);
 }
 
@@ -395,6 +400,20 @@ void MainWindow::mnuRememberWindowSize_Click()
 void MainWindow::mnuRememberColumnWidth_Click()
 {
     session_.settings.rememberColumnWidths = mnuRememberColumnWidth->isChecked();
+}
+
+void MainWindow::mnuList_Click()
+{
+    const std::string date = QDate::currentDate().toString(Qt::TextDate).toStdString();
+    seams_.printer.Print(QStringLiteral("Platewell - Food List"),
+                         QString::fromLatin1(FoodListReportHtml(session_, ViewByUnits(), date)));
+}
+
+void MainWindow::mnuPrintAnalysis_Click()
+{
+    const std::string date = QDate::currentDate().toString(Qt::TextDate).toStdString();
+    seams_.printer.Print(QStringLiteral("Platewell - Analysis"),
+                         QString::fromLatin1(AnalysisReportHtml(session_, date)));
 }
 
 void MainWindow::mnuAbout_Click()

@@ -100,6 +100,8 @@ private:
     void ShowHelpTopic(const char* file, int command, std::optional<int> context);
     void mnuShowTip_Click();
     void mnuAbout_Click();
+    void mnuList_Click();
+    void mnuPrintAnalysis_Click();
     void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
