@@ -1,7 +1,5 @@
 # Profile, daily values and BMI, profile and list files: model tests.
 add_executable(analysis_model_tests
-  analysis/AnalysisFileTest.cpp
-  analysis/DailyValuesTest.cpp
   analysis/ProfileFileTest.cpp
   analysis/ProfileTest.cpp
 )
@@ -12,5 +10,4 @@ if(PLATEWELL_GUI)
   # The profile and analysis tabs, driven by their named controls.
   platewell_window_test(analysis_profile_page_tests analysis/ProfilePageTest.cpp)
   platewell_window_test(analysis_summary_tests analysis/AnalysisPageTest.cpp)
-  platewell_window_test(analysis_list_file_tests analysis/AnalysisFileCommandsTest.cpp)
 endif()

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "analysis/DailyValues.h"
 #include "analysis/Profile.h"
 #include "core/RunTimeError.h"
 
@@ -114,25 +115,75 @@ TEST(ValidateProfile, NumbersBeyondTheirTypeAreOverflows)
     }
 }
 
-TEST(UnitSwitchText, RoundsHalfToEvenWithoutSeparators)
+TEST(IsLegalFileName, RefusesTheNineCharactersOnly)
 {
-    const std::pair<float, const char*> cases[] = {
-        {68.0889f, "68"}, {162.56f, "163"}, {2.5f, "2"},     {3.5f, "4"},
-        {0.0f, "0"},      {0.4f, "0"},      {12345.6f, "12346"}, {-1.5f, "-2"},
-    };
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(UnitSwitchText(value), text) << value;
-}
-
-TEST(IsLegalFileName, RefusesTheNineCharactersAnywhere)
-{
-    for (char bad : std::string("\\/:*?\"<>|")) {
-        for (const std::string& name : {std::string(1, bad), "Ann" + std::string(1, bad), bad + std::string("Ann"),
-                                        "A" + std::string(1, bad) + "nn"})
-            EXPECT_FALSE(IsLegalFileName(name)) << name;
-    }
+    for (char bad : std::string("\\/:*?\"<>|"))
+        EXPECT_FALSE(IsLegalFileName(bad + std::string("Ann"))) << bad;
     for (const char* good : {"", "Ann", "Ann Smith-Jones", "J. R. (Bob)", "50% & more", "Zo\xEB", "tab\there"})
         EXPECT_TRUE(IsLegalFileName(good)) << good;
+}
+
+TEST(DailyValues, FollowWeightSexAndLifestyle)
+{
+    struct Case {
+        float pounds;
+        int sex;
+        int lifestyle;
+        // Calories, Protein, Carbs, Fats, Cholesterol, Fiber, Calcium, Sodium
+        DailyValues expected;
+    };
+    const Case cases[] = {
+        // 2100 - 70 x 9 - 63 x 4 = 1218 carbohydrate kcal, 304.5 g -> 304.
+        {150.0f, kSexFemale, kLifestyleSedentary, {2100, 63, 304, 70, 315, 26, 840, 2494}},
+        // 180 x 16.883 = 3038.94; 1826 / 4 = 456.5 -> 456.
+        {180.0f, kSexMale, kLifestyleLight, {3039, 76, 456, 101, 456, 38, 1216, 3609}},
+        // Fiber 32.5 -> 32 and sodium 3087.5 -> 3088: halves go to the even side.
+        {100.0f, kSexMale, kLifestyleActive, {2600, 42, 412, 87, 390, 32, 1040, 3088}},
+        {120.0f, kSexFemale, kLifestyleModerate, {2160, 50, 328, 72, 324, 27, 864, 2565}},
+        {160.0f, kSexFemale, kLifestyleLight, {2500, 67, 371, 83, 375, 31, 1000, 2969}},
+        {200.0f, kSexMale, kLifestyleSedentary, {3200, 84, 475, 107, 480, 40, 1280, 3800}},
+        {130.0f, kSexFemale, kLifestyleActive, {2860, 55, 446, 95, 429, 36, 1144, 3396}},
+        {130.0f, kSexMale, kLifestyleModerate, {2730, 55, 423, 91, 410, 34, 1092, 3242}},
+        // The lightest valid profile still has a daily value of every nutrient.
+        {50.0f, kSexFemale, kLifestyleSedentary, {700, 21, 102, 23, 105, 9, 280, 831}},
+        // No selection counts as female and sedentary.
+        {150.0f, kNoOption, kNoOption, {2100, 63, 304, 70, 315, 26, 840, 2494}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ComputeDailyValues(c.pounds, c.sex, c.lifestyle), c.expected)
+            << c.pounds << " lb, sex " << c.sex << ", lifestyle " << c.lifestyle;
+    EXPECT_EQ(ComputeDailyValues(143.0f, kSexMale, kNoOption)[kCalories], 143 * 16);
+    EXPECT_EQ(ComputeDailyValues(143.0f, kNoOption, kLifestyleActive)[kCalories], 143 * 22);
+
+    // Products beyond 32 bits are overflows: 70,000 lb x 14 = 980,000 kcal,
+    // x 2375 for sodium passes 2^31; 60,000 lb stays just below.
+    EXPECT_THROW(ComputeDailyValues(70000.0f, kSexFemale, kLifestyleSedentary), RunTimeError);
+    EXPECT_THROW(ComputeDailyValues(1e9f, kSexMale, kLifestyleActive), RunTimeError);
+    EXPECT_EQ(ComputeDailyValues(60000.0f, kSexFemale, kLifestyleSedentary)[kSodium], 997500);
+}
+
+TEST(BodyMassIndex, RoundsHalfToEvenAndInterprets)
+{
+    const std::tuple<float, float, std::int32_t> cases[] = {
+        {82.0f, 200.0f, 20},   // 20.5
+        {98.0f, 200.0f, 24},   // 24.5
+        {158.0f, 200.0f, 40},  // 39.5
+        {70.0f, 175.0f, 23},   // 22.86
+        {50.0f, 180.0f, 15}, {100.0f, 180.0f, 31}, {85.0f, 175.0f, 28}, {31.75f, 91.44f, 38},
+    };
+    for (const auto& [kilograms, centimeters, rounded] : cases)
+        EXPECT_EQ(ComputeBodyMassIndex(kilograms, centimeters).rounded, rounded) << kilograms << " kg";
+    EXPECT_NEAR(ComputeBodyMassIndex(70.0f, 175.0f).value, 22.857f, 1e-3);
+    EXPECT_THROW(ComputeBodyMassIndex(3e38f, 50.0f), RunTimeError);
+
+    const std::pair<std::int32_t, const char*> bands[] = {
+        {-3, "Severely undernourished"}, {15, "Severely undernourished"}, {16, "Underweight"},
+        {20, "Underweight"},             {21, "Normal"},                  {24, "Normal"},
+        {25, "Overweight"},              {29, "Overweight"},              {30, "Obese"},
+        {39, "Obese"},                   {40, "Morbidly obese"},          {400, "Morbidly obese"},
+    };
+    for (const auto& [bmi, reading] : bands)
+        EXPECT_STREQ(InterpretBodyMassIndex(bmi), reading) << bmi;
 }
 
 }  // namespace

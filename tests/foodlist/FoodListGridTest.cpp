@@ -1,3 +1,6 @@
+// The food list on the whole program: rows added, changed and deleted
+// through the chooser, the totals, and the list saved to and opened from a
+// file.
 #include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
@@ -5,11 +8,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
+#include "foodlist/FoodListGrid.h"
 #include "foodlist/FoodListPage.h"
 
 using namespace pw;
@@ -31,15 +36,17 @@ const QStringList kButterCells = {"2-1/2", "1 tbsp", "Dairy and Eggs", "Butter",
 const QStringList kCheddarCells = {" 1", "1 oz", "Dairy and Eggs", "Cheese", "Cheddar", "109", "7 g",
                                    "0 g", "9 g", "30 mg",          "0 g",    "204 mg",  "176 mg"};
 
+// 119 lb, female, sedentary: daily values 1666 kcal, 50 g protein, 240 g
+// carbs, 56 g fats, 250 mg cholesterol, 21 g fiber, 666 mg calcium, 1978 mg
+// sodium.
+const std::string kAnn =
+    "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
+
 struct Program {
     Program()
     {
-        // 119 lb, female, sedentary: daily values 1666 kcal, 50 g protein,
-        // 240 g carbs, 56 g fats, 250 mg cholesterol, 21 g fiber, 666 mg
-        // calcium, 1978 mg sodium.
         WriteProgramFolder(h.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        h.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\n"
-                                      "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
+        h.folder.Write("default.pwp", kAnn);
         if (!h.Start())
             qFatal("the program did not start");
     }
@@ -47,7 +54,15 @@ struct Program {
     QTableWidget& grid() const { return *h.main->gridMain; }
     FoodList& list() { return h.session.foodList; }
     const std::vector<RecordedMessage>& Messages() const { return h.fakes.prompts.messages; }
-    void Trigger(const char* action) const { h.main->findChild<QAction*>(action)->trigger(); }
+    QString Path(const char* name) const { return QString::fromStdString(h.folder.File(name)); }
+    QString Name() const { return h.main->findChild<QLineEdit*>("txtName")->text(); }
+    // Runs a menu command whose file dialog, if it asks, gets file name.
+    void Run(const char* action, const char* name = nullptr)
+    {
+        if (name)
+            h.fakes.files.answers.push_back(Path(name));
+        h.main->findChild<QAction*>(action)->trigger();
+    }
 
     // New Item, the tiers and the quantity as the user picks and types
     // them, and Accept.
@@ -148,7 +163,7 @@ private slots:
         FoodListEntry cheddar = p.list().Entry(2);
         cheddar.percents[kFiber] = 999;
         p.list().Replace(2, cheddar);
-        p.Trigger("mnuViewByDV");
+        p.Run("mnuViewByDV");
         QCOMPARE(p.Cells(1),
                  WithNutrients(kButterCells, Suffixed({"16", "0", "0", "54", "31", "0", "1", "10"}, "%DV")));
         QCOMPARE(p.Cells(2),
@@ -235,6 +250,34 @@ private slots:
         QVERIFY(p.Messages().empty());
     }
 
+    void TheViewSwitchesTheChosenFoodsValues()
+    {
+        Program p;
+        auto* copy = p.h.main->findChild<QAction*>("mnuCopyToFavorites");
+        auto* remove = p.h.main->findChild<QAction*>("mnuDeleteFromDatabase");
+        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
+        p.page().btnNewItem->click();
+        p.page().RecreateTiers(5);  // cheddar: 7 g protein, 14% of 50 g
+        const QString values = QStringLiteral("labNutrVal%1"), units = QStringLiteral("labNutrUnit%1");
+        QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("7"));
+        QVERIFY(copy->isEnabled() && remove->isEnabled());
+
+        p.Run("mnuViewByDV");
+        QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("14"));
+        QCOMPARE(p.Labels(units), QStringList(8, QStringLiteral("%DV")));
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(p.Labels(values)[i], QString::number(p.h.session.chooser.currentPercents[i]));
+        p.Run("mnuViewByUnits");
+        QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("7"));
+        QCOMPARE(p.Labels(units)[kCarbs], QStringLiteral("mg"));  // the view's own captions
+
+        p.page().DisableTiers();
+        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
+        p.Run("mnuViewByDV");  // nothing chosen: values stay blank
+        QCOMPARE(p.Labels(values)[kProtein], QString());
+        QVERIFY(p.Messages().empty());
+    }
+
     void DeletingAndClearing()
     {
         Program p;
@@ -284,16 +327,128 @@ private slots:
         // Clearing: no rows, the profile kept, nothing left to delete.
         p.Add(kCheddar);
         p.ClickRow(1);
-        p.h.main->setWindowTitle(QStringLiteral("Platewell - day.pwl"));
-        p.Trigger("mnuClearList");
-        QCOMPARE(p.h.main->windowTitle(), QStringLiteral("Platewell"));
+        p.Run("mnuClearList");
         QCOMPARE(p.list().Count(), 0);
         QCOMPARE(p.grid().rowCount(), 0);
         QCOMPARE(p.DailyIntake()[kSodium], QStringLiteral("0 mg"));
-        QCOMPARE(p.h.main->findChild<QLineEdit*>("txtName")->text(), QStringLiteral("Ann"));
         p.VerifyChooserReset();
         p.VerifyListMenus(false);
         QVERIFY(!p.h.guard.Failed());
+    }
+
+    void SavedListReopensWithTheSameRowsAndCaption()
+    {
+        Program p;
+        p.Add(kButter);
+        p.Add(kCheddar);
+        const FoodListEntry butter = p.list().Entry(1), cheddar = p.list().Entry(2);
+        p.Run("mnuSave", "day.pwl");
+        const FileDialogRequest& save = p.h.fakes.files.saveRequests.at(0);
+        QCOMPARE(save.initialFolder, QString::fromStdString(p.h.folder.Path()));
+        QVERIFY(save.defaultExtension == ".pwl" && save.filter == "Platewell analyses (*.pwl)|*.pwl");
+        QVERIFY(save.overwritePrompt && save.hideReadOnly && save.pathMustExist && !save.fileMustExist);
+        QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QVERIFY(p.Messages()[0].text == "Analysis saved." && p.Messages()[0].title == "Save Profile");
+        QVERIFY(p.Messages()[0].icon == MsgIcon::Information);
+
+        p.Run("mnuClearList");  // saved: nothing to ask
+        QCOMPARE(p.h.main->windowTitle(), QStringLiteral("Platewell"));
+        p.h.main->tabMain->setCurrentIndex(2);
+        p.Run("mnuOpen", "day.pwl");
+        QVERIFY(p.list().Count() == 2 && p.list().Entry(1) == butter && p.list().Entry(2) == cheddar);
+        QCOMPARE(p.h.main->gridMain->item(0, 0)->text(), QStringLiteral("2-1/2"));
+        QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
+        QCOMPARE(p.h.main->tabMain->currentIndex(), 2);  // back where the file was opened from
+        const FileDialogRequest& open = p.h.fakes.files.openRequests.at(0);
+        QVERIFY(open.overwritePrompt && open.pathMustExist && !open.fileMustExist && open.proposedName.isEmpty());
+        p.Run("mnuSave", "again.pwl");
+        QCOMPARE(p.h.fakes.files.saveRequests.at(1).proposedName, p.Path("day.pwl"));
+        QCOMPARE(p.Messages().size(), size_t(2));
+    }
+
+    void FoodsAreFoundByTheirTextsAndBadFilesReported()
+    {
+        Program p;
+        FoodTable& table = p.h.session.foodTable;
+        table.Append(table.Record(5));  // a second cheddar, index 12
+        const std::string cheddar = "\t1\tDairy and Eggs\tCheese\tCheddar\t1 oz\r\n";
+        p.h.folder.Write("day.pwl", "NAME:Bob\r\n" + kAnn.substr(10) + "ITEM: 12 " + cheddar + "ITEM: 3 " + cheddar +
+                                        "ITEM: 0 \t1\tDairy and Eggs\tCheese\tBrie\t1 oz\r\n"
+                                        "ITEM: 300 \t1\tVegetables\tPeas\tGreen, frozen\t1 cup\r\n");
+        p.Run("mnuOpen", "day.pwl");
+        QCOMPARE(p.Messages().size(), size_t(1));
+        QCOMPARE(p.Messages()[0].text, QStringLiteral("\"Dairy and Eggs/Cheese/Brie/1 oz\"\r\n"
+                                                      "is no longer in the database.  It will not be imported."));
+        QVERIFY(p.Messages()[0].title == "Open foodlist/analysis" && p.Messages()[0].icon == MsgIcon::Exclamation);
+        QCOMPARE(p.list().Count(), 3);
+        QVERIFY(p.list().Entry(1).foodIndex == 12 && p.list().Entry(2).foodIndex == 5);  // hinted, else lowest
+        QCOMPARE(p.list().Entry(3).foodIndex, 11);  // moved
+        QCOMPARE(p.Name(), QStringLiteral("Bob"));
+
+        p.h.folder.Write("profile.pwl", kAnn);
+        p.Run("mnuOpen", "profile.pwl");
+        QVERIFY(p.list().Count() == 0 && p.Name() == "Ann" && p.h.main->tabMain->isTabEnabled(1));
+
+        p.h.folder.Write("random.pwl", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
+        p.Run("mnuOpen", "random.pwl");
+        QCOMPARE(p.Messages().size(), size_t(2));
+        QCOMPARE(p.Messages()[1].text, p.Path("random.pwl") + "\r\nis not a valid Platewell\r\n.pwl file.");
+        QVERIFY(p.Messages()[1].title == "Error" && p.Messages()[1].icon == MsgIcon::Critical);
+    }
+
+    void SaveIsOfferedOnlyForAnUnsavedList_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<bool>("saved");
+        QTest::addColumn<bool>("deleted");
+        const char* actions[][2] = {{"mnuOpen", "Open Analysis"}, {"mnuClearList", "Clear List"}, {"mnuExit", "Exit"}};
+        for (const auto& [action, title] : actions) {
+            QTest::addRow("%s empty", action) << action << title << 0 << false << false;
+            QTest::addRow("%s unsaved", action) << action << title << 2 << false << false;
+            QTest::addRow("%s saved", action) << action << title << 2 << true << false;
+            QTest::addRow("%s saved, one deleted", action) << action << title << 2 << true << true;
+        }
+    }
+
+    // Yes to the question saves the list, then the command goes on.
+    void SaveIsOfferedOnlyForAnUnsavedList()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, title);
+        QFETCH(int, rows);
+        QFETCH(bool, saved);
+        QFETCH(bool, deleted);
+        Program p;
+        for (int i = 0; i < rows; ++i)
+            p.Add({kCheddar.tiers, "2"});
+        if (saved)
+            p.Run("mnuSave", "saved.pwl");
+        if (deleted) {
+            p.h.main->listGrid->gridMain_Click(1);
+            p.h.fakes.prompts.answers = {MsgResult::Yes};
+            p.h.main->foodListPage->btnDeleteItem->click();
+        }
+        const int count = p.list().Count();
+        const size_t before = p.Messages().size();
+        const bool asks = rows > 0 && !saved;
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        FolderWatch watch(p.h.folder.Path());
+        p.Run(action.toLatin1().constData(), asks ? "asked.pwl" : nullptr);
+
+        QCOMPARE(p.Messages().size() > before, asks);
+        if (asks)
+            QVERIFY(p.Messages()[before].text == "Do you want to save your foodlist?" &&
+                    p.Messages()[before].title == title && p.Messages()[before].buttons == MsgButtons::YesNo);
+        QCOMPARE(p.h.folder.Exists("asked.pwl"), asks);
+        if (action == "mnuOpen")  // the open dialog cancelled: nothing cleared
+            QVERIFY(p.list().Count() == count && p.Name() == "Ann");
+        if (action == "mnuClearList")
+            QVERIFY(p.list().Count() == 0 && p.Name() == "Ann" && p.h.main->windowTitle() == "Platewell");
+        if (action == "mnuExit" && asks)
+            QCOMPARE(watch.Written(), std::vector<std::string>({"default.pwp", "pw.ini", "data.dat", "asked.pwl"}));
     }
 };
 
