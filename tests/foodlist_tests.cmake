@@ -3,7 +3,6 @@
 # tests; the chooser and the list's grid as window tests, on small tables and
 # on the delivered database.
 add_executable(foodlist_model_tests
-  foodlist/ChooserStateTest.cpp
   foodlist/FoodListTest.cpp
   foodlist/QuantityTest.cpp
   foodlist/TierMapTest.cpp
@@ -13,8 +12,7 @@ gtest_discover_tests(foodlist_model_tests DISCOVERY_TIMEOUT 60)
 
 if(PLATEWELL_GUI)
   platewell_window_test(foodlist_chooser_tests foodlist/FoodChooserTest.cpp)
-  platewell_window_test(foodlist_grid_tests foodlist/FoodListGridTest.cpp)
-  platewell_window_test(foodlist_delivered_chooser_tests foodlist/DeliveredChooserTest.cpp)
-  target_compile_definitions(foodlist_delivered_chooser_tests
+  target_compile_definitions(foodlist_chooser_tests
     PRIVATE PLATEWELL_DELIVERED_DATA="${CMAKE_SOURCE_DIR}/data/data.dat")
+  platewell_window_test(foodlist_grid_tests foodlist/FoodListGridTest.cpp)
 endif()

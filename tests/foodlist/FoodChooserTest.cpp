@@ -3,14 +3,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTest>
 
 #include "FakeSeams.h"
 #include "Fixtures.h"
 #include "TempFolder.h"
 #include "WindowTestSupport.h"
+#include "core/LineFile.h"
 #include "foodlist/FoodListPage.h"
+#include "shell/Session.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -29,6 +30,12 @@ const QString kCategoryEmpty = QStringLiteral(
     "There are no items in this category\r\nbecause you have not yet added\r\nanything to this category.\r\n\r\n"
     "Adding your favorite foods, dishes\r\nand meals to the Favorites category\r\n"
     "is the most useful part of this program.\r\n\r\nWould you like help with this feature now?\r\n");
+
+// A message as one text, to compare all it shows at once.
+QString Shown(const RecordedMessage& m)
+{
+    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
+}
 
 // The sample table with a food in Favorites beside its empty subgroup, a
 // food of 5 g protein and a second, empty group.
@@ -107,7 +114,10 @@ struct Chooser {
     // Everything the chooser shows or keeps.
     QStringList State() const
     {
-        QStringList s;
+        const ChooserState& c = session.chooser;
+        QStringList s = {QString::number(copyToFavorites), QString::number(deleteFromDatabase),
+                         QString::number(c.currentFood), QString::number(c.currentQuantity),
+                         QString::number(c.addingNewItem)};
         for (QWidget* w : page->findChildren<QWidget*>()) {
             s << w->objectName() << QString::number(On(w));
             if (auto* label = qobject_cast<QLabel*>(w))
@@ -117,12 +127,8 @@ struct Chooser {
             else if (auto* combo = qobject_cast<QComboBox*>(w))
                 s << Items(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
         }
-        s << QString::number(copyToFavorites) << QString::number(deleteFromDatabase);
-        for (int t = 0; t < 4; ++t)
-            for (int k = 0; k < 12; ++k)
-                s << QString::number(session.tierMap.Get(k, t));
-        const ChooserState& c = session.chooser;
-        s << QString::number(c.currentFood) << QString::number(c.currentQuantity) << QString::number(c.addingNewItem);
+        for (int k = 0; k < 4 * 12; ++k)
+            s << QString::number(session.tierMap.Get(k % 12, k / 12));
         for (const std::int32_t value : c.currentNutrients)
             s << QString::number(value);
         for (const std::int32_t percent : c.currentPercents)
@@ -190,12 +196,10 @@ private slots:
     void EachChoiceListsTheNextTierUntilAMeasureShowsTheFood()
     {
         Chooser c;
-        const struct {
-            QStringList next;
-        } steps[] = {{{"Butter", "Cheese", "Milk"}}, {{"Salted"}}, {{"1 pat", "1 tbsp"}}};
+        const QStringList next[] = {{"Butter", "Cheese", "Milk"}, {"Salted"}, {"1 pat", "1 tbsp"}};
         for (int t = 0; t < 3; ++t) {
             c.Pick(t, kButterTbsp[t]);
-            QCOMPARE(c.Items(t + 1), steps[t].next);
+            QCOMPARE(c.Items(t + 1), next[t]);
             QCOMPARE(c.Tier(t + 1)->currentIndex(), -1);
             QVERIFY(c.On(c.Tier(t + 1)));
             c.VerifyResetBelow(t + 1);
@@ -212,11 +216,8 @@ private slots:
         c.Pick(0, "Fruits");
         QCOMPARE(c.Items(1), QStringList({"Apples"}));
         c.VerifyResetBelow(1);
-    }
 
-    void ADescriptionWithOneMeasureShowsTheFoodAtOnce()
-    {
-        Chooser c;
+        // A description with one measure shows its food at once.
         c.Choose({"Bakery and Grains", "Bread", "White"});
         QCOMPARE(c.page->comTier3->currentText(), QStringLiteral("1 slice"));
         QCOMPARE(c.session.chooser.currentFood, 0);
@@ -224,58 +225,38 @@ private slots:
         QVERIFY(c.On(c.page->comQuantity) && c.copyToFavorites);
     }
 
-    void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing_data()
-    {
-        QTest::addColumn<QStringList>("choice");
-        QTest::addColumn<bool>("answerYes");
-        QTest::addColumn<bool>("asked");
-        QTest::addColumn<QStringList>("listed");
-        QTest::newRow("Favorites, yes") << QStringList{"Favorites", "My Favorites"} << true << true << QStringList();
-        QTest::newRow("Favorites, no") << QStringList{"Favorites", "My Favorites"} << false << true << QStringList();
-        QTest::newRow("Favorites' food") << QStringList{"Favorites", "Soups"} << true << false << QStringList{"Stew"};
-        QTest::newRow("other group") << QStringList{"Zz Empty", "Nothing"} << true << false << QStringList();
-    }
     void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing()
     {
-        QFETCH(QStringList, choice);
-        QFETCH(bool, answerYes);
-        QFETCH(bool, asked);
-        QFETCH(QStringList, listed);
-        Chooser c;
-        c.fakes.prompts.answers.push_back(answerYes ? MsgResult::Yes : MsgResult::No);
-        c.Choose(choice);
-        QCOMPARE(c.Items(2), listed);
-        c.VerifyResetBelow(2);
-        QCOMPARE(c.Messages().size(), size_t(asked));
-        if (asked) {
-            QCOMPARE(c.Messages()[0].text, kCategoryEmpty);
-            QCOMPARE(c.Messages()[0].title, QStringLiteral("Category is empty"));
-            QVERIFY(c.Messages()[0].icon == MsgIcon::Question && c.Messages()[0].buttons == MsgButtons::YesNo);
-        }
-        const auto& help = c.fakes.help.calls;
-        QCOMPARE(help.size(), size_t(asked && answerYes));
-        if (!help.empty()) {
-            QCOMPARE(help[0].file, QString::fromStdString(c.folder.File("pw.hlp")));
-            QCOMPARE(help[0].command, 1);
-            QCOMPARE(*help[0].context, 6);
-        }
-    }
-
-    void AnEmptyChoiceAtAnyTierResetsEverythingBelow()
-    {
-        for (int tier = 0; tier < 4; ++tier) {
+        const struct {
+            QStringList choice;
+            bool answerYes, asked;
+            QStringList listed;
+        } cases[] = {
+            {{"Favorites", "My Favorites"}, true, true, {}},
+            {{"Favorites", "My Favorites"}, false, true, {}},
+            {{"Favorites", "Soups"}, true, false, {"Stew"}},
+            {{"Zz Empty", "Nothing"}, true, false, {}},
+        };
+        for (const auto& [choice, answerYes, asked, listed] : cases) {
             Chooser c;
-            c.Choose(kButterTbsp);
-            // As code clears a tier's choice (the search dialog clears the measure).
-            c.Tier(tier)->setCurrentIndex(-1);
-            (c.page.get()->*kTierOperations[tier])();
-            c.VerifyResetBelow(tier);
-            if (tier < 3)
-                QCOMPARE(c.Items(tier + 1), QStringList());
+            c.fakes.prompts.answers.push_back(answerYes ? MsgResult::Yes : MsgResult::No);
+            c.Choose(choice);
+            QCOMPARE(c.Items(2), listed);
+            c.VerifyResetBelow(2);
+            QCOMPARE(c.Messages().size(), size_t(asked));
+            if (asked)
+                QCOMPARE(Shown(c.Messages()[0]),
+                         Shown({kCategoryEmpty, "Category is empty", MsgIcon::Question, MsgButtons::YesNo}));
+            const auto& help = c.fakes.help.calls;
+            QCOMPARE(help.size(), size_t(asked && answerYes));
+            if (!help.empty()) {
+                QCOMPARE(help[0].file, QString::fromStdString(c.folder.File("pw.hlp")));
+                QVERIFY(help[0].command == 1 && help[0].context == 6);
+            }
         }
     }
 
-    void RunningATierOperationAgainChangesNothing()
+    void ATierOperationRunAgainChangesNothingAndAnEmptyChoiceResetsBelow()
     {
         for (const QStringList& food : {kButterTbsp, QStringList{"Vegetables", "Carrots", "Raw", "1 medium"}}) {
             for (int tier = 0; tier < 4; ++tier) {
@@ -286,47 +267,51 @@ private slots:
                 QCOMPARE(c.State(), once);
                 c.Pick(tier, food[tier]);
                 QCOMPARE(c.State(), once);
+
+                // As code clears a tier's choice (the search dialog clears the measure).
+                c.Choose(food);
+                c.Tier(tier)->setCurrentIndex(-1);
+                (c.page.get()->*kTierOperations[tier])();
+                c.VerifyResetBelow(tier);
+                if (tier < 3)
+                    QCOMPARE(c.Items(tier + 1), QStringList());
             }
         }
     }
 
-    void TheQuantityScalesTheShownValues_data()
-    {
-        QTest::addColumn<QStringList>("food");
-        QTest::addColumn<QString>("quantity");
-        QTest::addColumn<bool>("byUnits");
-        QTest::addColumn<QString>("protein");
-        QTest::addColumn<QString>("calories");
-        QTest::addColumn<QString>("unit");
-        const QStringList snow = {"Vegetables", "Peas", "Snow", "1 pod"};
-        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"};
-        QTest::newRow("half of 5 g") << snow << "1/2" << true << "2" << "10" << "g";
-        QTest::newRow("one and a half of 5 g") << snow << "1.5" << true << "8" << "30" << "g";
-        QTest::newRow("2-1/2 of 5 g") << snow << "2-1/2" << true << "12" << "50" << "g";
-        QTest::newRow("2-3 is 2") << snow << "2-3" << true << "10" << "40" << "g";
-        QTest::newRow("99 is accepted") << snow << "99" << true << "495" << "1980" << "g";
-        QTest::newRow("7 g of 50 g DV") << cheddar << " 1" << false << "14" << "5" << "%DV";
-        QTest::newRow("half of 5 g as DV") << snow << "1/2" << false << "4" << "0" << "%DV";
-    }
     void TheQuantityScalesTheShownValues()
     {
-        QFETCH(QStringList, food);
-        QFETCH(QString, quantity);
-        QFETCH(bool, byUnits);
-        QFETCH(QString, protein);
-        QFETCH(QString, calories);
-        QFETCH(QString, unit);
-        Chooser c;
-        c.byUnits = byUnits;
-        c.Choose(food);
-        c.Enter(quantity);
-        QVERIFY(c.Messages().empty());
-        QCOMPARE(c.page->labNutrVal[kProtein]->text(), protein);
-        QCOMPARE(c.page->labNutrVal[kCalories]->text(), calories);
-        QCOMPARE(c.page->labNutrUnit[kProtein]->text(), unit);
-        QCOMPARE(c.page->labNutrUnit[kCalories]->text(), byUnits ? QStringLiteral(" ") : unit);
-        QVERIFY(c.On(c.page->btnAcceptItem) && c.On(c.page->labNutrVal[0]));
-        QCOMPARE(c.page->comQuantity->currentText(), quantity);  // kept as typed
+        const QStringList snow = {"Vegetables", "Peas", "Snow", "1 pod"};
+        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"};
+        // The food, the quantity, the view by units, and protein and calories
+        // as shown with their unit.
+        const struct {
+            QStringList food;
+            QString quantity;
+            bool byUnits;
+            QString protein, calories, unit;
+        } cases[] = {
+            {snow, "1/2", true, "2", "10", "g"},          // half of 5 g
+            {snow, "1.5", true, "8", "30", "g"},          // one and a half of 5 g
+            {snow, "2-1/2", true, "12", "50", "g"},
+            {snow, "2-3", true, "10", "40", "g"},         // 2-3 is 2
+            {snow, "99", true, "495", "1980", "g"},       // 99 is accepted
+            {cheddar, " 1", false, "14", "5", "%DV"},     // 7 g of 50 g DV
+            {snow, "1/2", false, "4", "0", "%DV"},        // half of 5 g as DV
+        };
+        for (const auto& [food, quantity, byUnits, protein, calories, unit] : cases) {
+            Chooser c;
+            c.byUnits = byUnits;
+            c.Choose(food);
+            c.Enter(quantity);
+            QVERIFY(c.Messages().empty());
+            QCOMPARE(c.page->labNutrVal[kProtein]->text(), protein);
+            QCOMPARE(c.page->labNutrVal[kCalories]->text(), calories);
+            QCOMPARE(c.page->labNutrUnit[kProtein]->text(), unit);
+            QCOMPARE(c.page->labNutrUnit[kCalories]->text(), byUnits ? QStringLiteral(" ") : unit);
+            QVERIFY(c.On(c.page->btnAcceptItem) && c.On(c.page->labNutrVal[0]));
+            QCOMPARE(c.page->comQuantity->currentText(), quantity);  // kept as typed
+        }
     }
 
     void BadQuantitiesAreRefusedWithTheirMessage_data()
@@ -357,9 +342,8 @@ private slots:
             QCOMPARE(c.page->comQuantity->currentText(), typed);
         } else {
             QCOMPARE(c.Messages().size(), size_t(1));
-            QCOMPARE(c.Messages()[0].text, message);
-            QCOMPARE(c.Messages()[0].title, QStringLiteral("Error in your input"));
-            QVERIFY(c.Messages()[0].icon == MsgIcon::Exclamation && c.Messages()[0].buttons == MsgButtons::Ok);
+            QCOMPARE(Shown(c.Messages()[0]),
+                     Shown({message, "Error in your input", MsgIcon::Exclamation, MsgButtons::Ok}));
             QVERIFY(c.On(c.page->btnAcceptItem));  // left as it was
             QCOMPARE(c.page->comQuantity->currentText(), QString());
             // The emptied box is 0 at the next key: Accept goes off, silently.
@@ -369,44 +353,40 @@ private slots:
         }
     }
 
-    void TypingACompoundFractionKeyByKeyShowsNoError_data()
-    {
-        QTest::addColumn<bool>("intoLineEdit");
-        QTest::newRow("keys to the combo") << false;
-        QTest::newRow("keys to its line edit") << true;
-    }
     void TypingACompoundFractionKeyByKeyShowsNoError()
     {
-        QFETCH(bool, intoLineEdit);
-        Chooser c;
-        c.Choose({"Vegetables", "Peas", "Snow"});
-        // Shown and focused, as the user types into it.
-        c.page->show();
-        QVERIFY(QTest::qWaitForWindowActive(c.page.get()));
-        c.page->comQuantity->setFocus();
-        QWidget* target = intoLineEdit ? static_cast<QWidget*>(c.page->comQuantity->lineEdit()) : c.page->comQuantity;
-        c.page->comQuantity->lineEdit()->selectAll();
-        QTest::keyClick(target, Qt::Key_Backspace);
-        QCOMPARE(c.session.chooser.currentQuantity, 0.0f);
-        const QString typed = QStringLiteral("2-1/2");
-        const float seen[] = {2, 2, 2, 2, 2.5f};
-        for (int i = 0; i < typed.size(); ++i) {
-            QTest::keyClick(target, typed[i].toLatin1());
-            QCOMPARE(c.page->comQuantity->currentText(), typed.left(i + 1));
-            QCOMPARE(c.session.chooser.currentQuantity, seen[i]);
-            QVERIFY(c.On(c.page->btnAcceptItem));
-        }
-        QTest::keyClick(target, Qt::Key_Return);
-        QVERIFY(c.Messages().empty());
-        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("12"));
-        QCOMPARE(c.page->comQuantity->count(), 17);  // nothing typed joins the list
-        QCOMPARE(c.page->comQuantity->currentText(), typed);
+        for (const bool intoLineEdit : {false, true}) {  // keys to the combo, or to its line edit
+            Chooser c;
+            c.Choose({"Vegetables", "Peas", "Snow"});
+            // Shown and focused, as the user types into it.
+            c.page->show();
+            QVERIFY(QTest::qWaitForWindowActive(c.page.get()));
+            c.page->comQuantity->setFocus();
+            QWidget* target =
+                intoLineEdit ? static_cast<QWidget*>(c.page->comQuantity->lineEdit()) : c.page->comQuantity;
+            c.page->comQuantity->lineEdit()->selectAll();
+            QTest::keyClick(target, Qt::Key_Backspace);
+            QCOMPARE(c.session.chooser.currentQuantity, 0.0f);
+            const QString typed = QStringLiteral("2-1/2");
+            const float seen[] = {2, 2, 2, 2, 2.5f};
+            for (int i = 0; i < typed.size(); ++i) {
+                QTest::keyClick(target, typed[i].toLatin1());
+                QCOMPARE(c.page->comQuantity->currentText(), typed.left(i + 1));
+                QCOMPARE(c.session.chooser.currentQuantity, seen[i]);
+                QVERIFY(c.On(c.page->btnAcceptItem));
+            }
+            QTest::keyClick(target, Qt::Key_Return);
+            QVERIFY(c.Messages().empty());
+            QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("12"));
+            QCOMPARE(c.page->comQuantity->count(), 17);  // nothing typed joins the list
+            QCOMPARE(c.page->comQuantity->currentText(), typed);
 
-        // A pick from the list is parsed at once.
-        c.page->comQuantity->setCurrentIndex(2);
-        emit c.page->comQuantity->activated(2);
-        QCOMPARE(c.session.chooser.currentQuantity, 1.0f / 3.0f);
-        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("2"));
+            // A pick from the list is parsed at once.
+            c.page->comQuantity->setCurrentIndex(2);
+            emit c.page->comQuantity->activated(2);
+            QCOMPARE(c.session.chooser.currentQuantity, 1.0f / 3.0f);
+            QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("2"));
+        }
     }
 
     void RecreateTiersSelectsTheFoodInAllFourTiers()
@@ -458,47 +438,65 @@ private slots:
         QVERIFY(!c.On(c.page->labNutrVal[0]) && c.page->labNutrVal[0]->text().isEmpty() && !c.deleteFromDatabase);
     }
 
-    void TheMainWindowsViewSwitchesTheChosenFoodsValues()
+    // On the delivered data.dat: every group leads through its subgroups,
+    // descriptions and measures to a food with its nutrients.
+    void EveryDeliveredGroupsFirstFoodShowsItsNutrients()
     {
+        auto pick = [](QComboBox* combo, int index) {
+            combo->setCurrentIndex(index);
+            emit combo->activated(index);
+        };
         ProgramHarness program;
-        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        // 119 lb: a protein DV of 50 g.
-        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\n"
-                                            "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
+        WriteProgramFolder(program.folder.Path(), ReadWholeFile(PLATEWELL_DELIVERED_DATA), QuietSettings());
+        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:130\r\n"
+                                            "SEX: 0 \r\nLIFESTYLE: 2 \r\n");
         QVERIFY(program.Start());
-        MainWindow& w = *program.main;
-        QCOMPARE(program.session.dailyValues[kProtein], 50);
-        FoodListPage& page = *w.foodListPage;
-        auto* copy = w.findChild<QAction*>("mnuCopyToFavorites");
-        auto* remove = w.findChild<QAction*>("mnuDeleteFromDatabase");
-        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
-
-        page.btnNewItem->click();
-        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar"};
-        QComboBox* tiers[] = {page.comTier0, page.comTier1, page.comTier2};
-        for (int t = 0; t < 3; ++t) {
-            const int i = tiers[t]->findText(cheddar[t]);
-            tiers[t]->setCurrentIndex(i);
-            emit tiers[t]->activated(i);
-        }
-        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("7"));
-        QVERIFY(copy->isEnabled() && remove->isEnabled());
-
-        w.findChild<QAction*>("mnuViewByDV")->trigger();
-        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("14"));
-        for (int i = 0; i < 8; ++i) {
-            QCOMPARE(page.labNutrUnit[i]->text(), QStringLiteral("%DV"));
-            QCOMPARE(page.labNutrVal[i]->text(), QString::number(program.session.chooser.currentPercents[i]));
-        }
-        w.findChild<QAction*>("mnuViewByUnits")->trigger();
-        QCOMPARE(page.labNutrVal[kProtein]->text(), QStringLiteral("7"));
-        QCOMPARE(page.labNutrUnit[kCarbs]->text(), QStringLiteral("mg"));  // the view's own captions
-
-        page.DisableTiers();
-        QVERIFY(!copy->isEnabled() && !remove->isEnabled());
-        w.findChild<QAction*>("mnuViewByDV")->trigger();  // nothing chosen: values stay blank
-        QCOMPARE(page.labNutrVal[kProtein]->text(), QString());
         QVERIFY(program.fakes.prompts.messages.empty());
+        const FoodTable& table = program.session.foodTable;
+        QVERIFY(table.Count() > 3000);
+        MainWindow& w = *program.main;
+        FoodListPage& page = *w.foodListPage;
+        QVERIFY(page.comTier0->count() >= 16);
+
+        int foodsShown = 0;
+        for (int g = 0; g < page.comTier0->count(); ++g) {
+            const QString group = page.comTier0->itemText(g);
+            page.btnNewItem->click();
+            pick(page.comTier0, g);
+            QVERIFY2(page.comTier1->count() > 0, qPrintable(group));
+            pick(page.comTier1, 0);
+            if (page.comTier2->count() == 0) {
+                QCOMPARE(group, QStringLiteral("Favorites"));  // the only group kept empty
+                continue;
+            }
+            pick(page.comTier2, 0);
+            QVERIFY2(page.comTier3->count() > 0, qPrintable(group));
+            if (page.comTier3->count() > 1) {
+                QVERIFY(!page.comQuantity->isEnabled() && page.labNutrVal[0]->text().isEmpty());
+                pick(page.comTier3, 0);
+            }
+
+            const int food = program.session.chooser.currentFood;
+            QCOMPARE(QString::fromLatin1(table.Group(food)), group);
+            QCOMPARE(QString::fromLatin1(table.Subgroup(food)), page.comTier1->currentText());
+            QCOMPARE(QString::fromLatin1(table.Description(food)), page.comTier2->currentText());
+            QCOMPARE(QString::fromLatin1(table.Measure(food)), page.comTier3->currentText());
+            // One of the food's measures: the values as the table holds them.
+            for (int i = 0; i < kShownNutrients; ++i)
+                QCOMPARE(page.labNutrVal[i]->text(), QString::number(table.Value(food, Nutrient(i))));
+            QVERIFY(page.btnAcceptItem->isEnabled());
+            QVERIFY(w.findChild<QAction*>("mnuCopyToFavorites")->isEnabled());
+            QVERIFY(w.findChild<QAction*>("mnuDeleteFromDatabase")->isEnabled());
+
+            // And the same food found again from its index.
+            page.btnNewItem->click();
+            page.RecreateTiers(food);
+            QCOMPARE(program.session.chooser.currentFood, food);
+            QCOMPARE(page.comTier3->currentText(), QString::fromLatin1(table.Measure(food)));
+            ++foodsShown;
+        }
+        QVERIFY(foodsShown >= 15);
+        QCOMPARE(program.fakes.prompts.messages.size(), size_t(page.comTier0->count() - foodsShown));
     }
 };
 

