@@ -9,5 +9,4 @@ gtest_discover_tests(analysis_model_tests DISCOVERY_TIMEOUT 60)
 if(PLATEWELL_GUI)
   # The profile and analysis tabs, driven by their named controls.
   platewell_window_test(analysis_profile_page_tests analysis/ProfilePageTest.cpp)
-  platewell_window_test(analysis_summary_tests analysis/AnalysisPageTest.cpp)
 endif()
