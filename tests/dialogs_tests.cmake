@@ -1,7 +1,8 @@
-# Database dialogs: the search as a model test, the search dialog driven by
-# its named controls in the running program.
+# Database dialogs: the search and the table's editing as model tests, the
+# search dialog driven by its named controls in the running program.
 add_executable(dialogs_model_tests
   dialogs/SearchTest.cpp
+  fooddb/FoodEditingTest.cpp
 )
 target_link_libraries(dialogs_model_tests PRIVATE platewell_test_support GTest::gtest_main)
 gtest_discover_tests(dialogs_model_tests DISCOVERY_TIMEOUT 60)

@@ -5,6 +5,7 @@
 
 #include "analysis/DailyValues.h"
 #include "analysis/Profile.h"
+#include "fooddb/FoodEditing.h"
 #include "fooddb/FoodTable.h"
 #include "foodlist/ChooserState.h"
 #include "foodlist/FoodList.h"
@@ -20,6 +21,9 @@ inline constexpr const char* kDataFileName = "data.dat";
 struct Session {
     std::string programFolder;
     FoodTable foodTable;
+    // Every insert into foodTable goes through this one inserter, which
+    // keeps its insert position from one insert to the next.
+    FoodInserter foodInserter;
     Settings settings;
     TierMap tierMap;
     ChooserState chooser;  // the food and quantity being chosen
