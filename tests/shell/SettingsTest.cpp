@@ -70,14 +70,7 @@ TEST(Settings, WriterProducesTheTwentyFiveLines)
 
     // What is written reads back.
     s.rememberColumnWidths = true;
-    const Settings back = Read(WriteSettingsText(s));
-    EXPECT_EQ(back.currentTip, 3);
-    EXPECT_EQ(back.windowWidth, 9000);
-    EXPECT_EQ(back.windowHeight, 7000);
-    EXPECT_EQ(back.windowState, 2);
-    EXPECT_EQ(back.columnWidths, s.columnWidths);
-    EXPECT_EQ(back.viewMode, "DV");
-    EXPECT_FALSE(back.showTips);
+    EXPECT_EQ(WriteSettingsText(Read(WriteSettingsText(s))), WriteSettingsText(s));
 }
 
 TEST(Settings, ReaderRules)
@@ -127,7 +120,8 @@ TEST(Settings, ReaderRules)
 TEST(Settings, AnyBytesReadOrRaiseAnOverflow)
 {
     std::mt19937 random(11);
-    const std::string keys[] = {"CURRENT TIP:", "WINDOW WIDTH:", "COLUMN07:", "WINDOW STATE:", "SHOW TIPS:", "VIEW UNITS:"};
+    const std::string keys[] = {"CURRENT TIP:", "WINDOW WIDTH:", "COLUMN07:",
+                                "WINDOW STATE:", "SHOW TIPS:", "VIEW UNITS:"};
     for (int round = 0; round < 2000; ++round) {
         std::string bytes;
         const int length = int(random() % 200);
