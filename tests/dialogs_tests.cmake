@@ -1,5 +1,5 @@
 # Database dialogs: the search and the table's editing as model tests, the
-# search dialog driven by its named controls in the running program.
+# dialogs driven by their named controls in the running program.
 add_executable(dialogs_model_tests
   dialogs/SearchTest.cpp
   fooddb/FoodEditingTest.cpp
@@ -9,4 +9,5 @@ gtest_discover_tests(dialogs_model_tests DISCOVERY_TIMEOUT 60)
 
 if(PLATEWELL_GUI)
   platewell_window_test(dialogs_search_tests dialogs/SearchDialogTest.cpp)
+  platewell_window_test(dialogs_table_tests dialogs/FoodTableDialogsTest.cpp)
 endif()

@@ -2,5 +2,8 @@ list(APPEND MODEL_SOURCES
   src/dialogs/Search.cpp
 )
 list(APPEND VIEW_SOURCES
+  src/dialogs/AddFoodDialog.cpp
+  src/dialogs/CopyFavoritesDialog.cpp
+  src/dialogs/SaveDishDialog.cpp
   src/dialogs/SearchDialog.cpp
 )

@@ -4,6 +4,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QDate>
 #include <QElapsedTimer>
 #include <QHeaderView>
@@ -22,7 +23,11 @@
 #include "analysis/ProfilePage.h"
 #include "core/LineFile.h"
 #include "core/Text.h"
+#include "dialogs/AddFoodDialog.h"
+#include "dialogs/CopyFavoritesDialog.h"
+#include "dialogs/SaveDishDialog.h"
 #include "fooddb/DataFile.h"
+#include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
 #include "foodlist/FoodListGrid.h"
 #include "foodlist/FoodListPage.h"
@@ -161,9 +166,9 @@ void MainWindow::BuildMenus()
     mnuHelp->addSeparator();
     mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
 
-    // Commands of windows still to come stay disabled until they arrive.
-    for (QAction* later : {mnuCopyToFavorites, mnuDeleteFromDatabase})
-        later->setEnabled(false);
+    // The commands on the chosen food wait until a food is chosen.
+    for (QAction* onChosenFood : {mnuCopyToFavorites, mnuDeleteFromDatabase})
+        onChosenFood->setEnabled(false);
     // Nothing to save, print or clear while the list is empty.
     UpdateListMenus();
     // A new profile starts invalid: nothing to view until it is complete.
@@ -181,6 +186,10 @@ void MainWindow::BuildMenus()
     guarded(mnuList, &MainWindow::mnuList_Click);
     guarded(mnuPrintAnalysis, &MainWindow::mnuPrintAnalysis_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
+    guarded(mnuAddCustomItem, &MainWindow::mnuAddCustomItem_Click);
+    guarded(mnuSaveAsDish, &MainWindow::mnuSaveAsDish_Click);
+    guarded(mnuCopyToFavorites, &MainWindow::mnuCopyToFavorites_Click);
+    guarded(mnuDeleteFromDatabase, &MainWindow::mnuDeleteFromDatabase_Click);
     guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
     guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
     guarded(mnuRememberColumnWidth, &MainWindow::mnuRememberColumnWidth_Click);
@@ -421,6 +430,75 @@ void MainWindow::mnuAbout_Click()
     if (!aboutBox)
         aboutBox = new AboutBox(session_, this);
     aboutBox->open();
+}
+
+void MainWindow::DatabaseMaxedOut()
+{
+    seams_.prompts.Message(std::string(texts::kDatabaseMaxedOut), std::string(texts::kTitleNoRoom), MsgIcon::Critical);
+}
+
+void MainWindow::mnuAddCustomItem_Click()
+{
+    if (session_.foodTable.IsFull()) {
+        DatabaseMaxedOut();
+        return;
+    }
+    if (!frmAdd)
+        frmAdd = new AddFoodDialog(session_, seams_, *this, this);
+    frmAdd->guard = &guard_;
+    frmAdd->open();
+}
+
+void MainWindow::mnuSaveAsDish_Click()
+{
+    if (!frmSaveList)
+        frmSaveList = new SaveDishDialog(session_, seams_, *this, this);
+    frmSaveList->guard = &guard_;
+    frmSaveList->open();
+}
+
+void MainWindow::mnuCopyToFavorites_Click()
+{
+    if (session_.foodTable.IsFull()) {
+        DatabaseMaxedOut();
+        return;
+    }
+    if (!frmCopy)
+        frmCopy = new CopyFavoritesDialog(session_, seams_, *this, this);
+    frmCopy->guard = &guard_;
+    frmCopy->open();
+}
+
+void MainWindow::mnuDeleteFromDatabase_Click()
+{
+    FoodListPage& chooser = *foodListPage;
+    const std::string title = texts::kTitleDeleteFromDatabase;
+    // The chosen description with all its measures, the run the measure
+    // tier lists.
+    const int first = session_.tierMap.Get(0, 3);
+    const int n = chooser.comTier3->count();
+    if (n < 1)
+        return;
+    const FoodList& list = session_.foodList;
+    for (int row = 1; row <= list.Count(); ++row) {
+        const int index = list.Entry(row).foodIndex;
+        if (index >= first && index <= first + n - 1) {
+            seams_.prompts.Message(std::string(texts::kDeleteFoodInUse), title, MsgIcon::Exclamation);
+            mnuDeleteFromDatabase->setEnabled(false);
+            return;
+        }
+    }
+    const auto text = [](const QComboBox* combo) { return combo->currentText().toLatin1().toStdString(); };
+    const std::string question =
+        DeleteFoodQuestion(text(chooser.comTier0), text(chooser.comTier1), text(chooser.comTier2));
+    if (seams_.prompts.Message(question, title, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
+        seams_.prompts.Message(std::string(texts::kDeletionCanceled), title, MsgIcon::Information);
+        return;
+    }
+    DeleteFoods(session_.foodTable, first, n);
+    chooser.DisableTiers();
+    seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
+    chooser.RebuildTierMap();
 }
 
 void MainWindow::mnuPlatewellWeb_Click()

@@ -14,12 +14,15 @@ class QTableWidget;
 namespace pw {
 
 class AboutBox;
+class AddFoodDialog;
 class AnalysisFileCommands;
 class AnalysisPage;
+class CopyFavoritesDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodListPage;
 class ProfilePage;
+class SaveDishDialog;
 struct Seams;
 struct Session;
 
@@ -47,6 +50,11 @@ public:
     // The grid's header and every row of the list.
     void RefreshGrid();
     bool ViewByUnits() const;
+    // The message that the food table holds its 4,000 foods.
+    void DatabaseMaxedOut();
+    // Opens the dialog that saves the list as a dish, with no capacity
+    // test: a full table is reported when the dish is saved.
+    void mnuSaveAsDish_Click();
 
     QTabWidget* tabMain = nullptr;
     QTableWidget* gridMain = nullptr;
@@ -56,6 +64,10 @@ public:
     FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
     AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
     AboutBox* aboutBox = nullptr;  // created on first use
+    // The dialogs that add foods to the table, created on first use.
+    AddFoodDialog* frmAdd = nullptr;
+    SaveDishDialog* frmSaveList = nullptr;
+    CopyFavoritesDialog* frmCopy = nullptr;
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
@@ -107,6 +119,12 @@ private:
     void mnuRememberColumnWidth_Click();
     void SetViewMode(bool byDV);
     void mnuClearList_Click();
+    // The database commands: a custom food and the chosen food copied to
+    // Favorites are added, when there is room; the chosen food is deleted
+    // with all its measures.
+    void mnuAddCustomItem_Click();
+    void mnuCopyToFavorites_Click();
+    void mnuDeleteFromDatabase_Click();
     // The list commands follow the list's length.
     void UpdateListMenus();
     int DpiX() const;
