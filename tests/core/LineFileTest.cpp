@@ -45,10 +45,8 @@ TEST(LineFile, AtomicWriteReplacesWholeOrNotAtAll)
     folder.Write("sub/keep", "kept");
     EXPECT_THROW(WriteFileAtomic(folder.File("sub"), "new"), RunTimeError);
     EXPECT_EQ(folder.Read("sub/keep"), "kept");
-    int entries = 0;
-    for ([[maybe_unused]] auto& e : std::filesystem::directory_iterator(folder.Path()))
-        ++entries;
-    EXPECT_EQ(entries, 2);  // x.txt and sub
+    using std::filesystem::directory_iterator;
+    EXPECT_EQ(std::distance(directory_iterator(folder.Path()), directory_iterator()), 2);  // x.txt and sub
 
     EXPECT_THROW(WriteFileAtomic(folder.File("missing/x"), "y"), RunTimeError);
     EXPECT_THROW(ReadWholeFile(folder.File("none")), RunTimeError);

@@ -47,14 +47,9 @@ TEST(Numeric, RoundingIsHalfToEvenAndRangeChecked)
 
 TEST(Numeric, PrintFormsKeepTheSignPosition)
 {
-    EXPECT_EQ(StrNumber(125), " 125");
-    EXPECT_EQ(StrNumber(-5), "-5");
-    EXPECT_EQ(PrintNumber(6000), " 6000 ");
-    EXPECT_EQ(PrintNumber(0), " 0 ");
-    EXPECT_EQ(PrintNumber(-1), "-1 ");
-    EXPECT_EQ(NumberText(5), "5");
-    EXPECT_EQ(NumberText(0.5), "0.5");
-    EXPECT_EQ(NumberText(-1.25), "-1.25");
+    EXPECT_EQ(StrNumber(125) + '|' + StrNumber(-5), " 125|-5");
+    EXPECT_EQ(PrintNumber(6000) + '|' + PrintNumber(0) + '|' + PrintNumber(-1), " 6000 | 0 |-1 ");
+    EXPECT_EQ(NumberText(5) + '|' + NumberText(0.5) + '|' + NumberText(-1.25), "5|0.5|-1.25");
 }
 
 TEST(Numeric, IsNumericAcceptsWholeNumbersOnly)

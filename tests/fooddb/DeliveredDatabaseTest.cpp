@@ -22,40 +22,24 @@ const std::string kSourceDir = PLATEWELL_SOURCE_DIR;
 const std::string kDataFile = kSourceDir + "/data/data.dat";
 const std::string kUsdaFolder = kSourceDir + "/data/source/usda-sr21";
 
-class DeliveredDatabase : public ::testing::Test {
-protected:
-    static void SetUpTestSuite()
-    {
-        table_ = new FoodTable;
-        bytes_ = new std::string(ReadWholeFile(kDataFile));
-        ASSERT_EQ(LoadDatabaseHeader(*bytes_, *table_), HeaderResult::Ok);
-        LoadDatabaseRecords(*table_);
-    }
-    static void TearDownTestSuite()
-    {
-        delete table_;
-        delete bytes_;
-    }
-    static const FoodTable& Table() { return *table_; }
-    static const std::string& Bytes() { return *bytes_; }
+const std::string& Bytes()
+{
+    static const std::string bytes = ReadWholeFile(kDataFile);
+    return bytes;
+}
 
-    static std::optional<FoodRecord> Find(const std::string& group, const std::string& subgroup,
-                                          const std::string& description, const std::string& measure)
-    {
-        for (int i = 0; i < Table().Count(); ++i) {
-            FoodRecord r = Table().Record(i);
-            if (r.group == group && r.subgroup == subgroup && r.description == description && r.measure == measure)
-                return r;
-        }
-        return std::nullopt;
-    }
+const FoodTable& Table()
+{
+    static const FoodTable table = [] {
+        FoodTable t;
+        EXPECT_EQ(LoadDatabaseHeader(Bytes(), t), HeaderResult::Ok);
+        LoadDatabaseRecords(t);
+        return t;
+    }();
+    return table;
+}
 
-private:
-    static inline FoodTable* table_ = nullptr;
-    static inline std::string* bytes_ = nullptr;
-};
-
-TEST_F(DeliveredDatabase, LoadsWithItsVersionAndLeavesRoomForTheUsersFoods)
+TEST(DeliveredDatabase, LoadsWithItsVersionAndLeavesRoomForTheUsersFoods)
 {
     EXPECT_EQ(Table().DataVersionLine, dbmaker::kDataVersionLine);
     EXPECT_EQ(Table().ScrambleSeed, SeedFromVersionLine(dbmaker::kDataVersionLine));
@@ -67,11 +51,18 @@ TEST_F(DeliveredDatabase, LoadsWithItsVersionAndLeavesRoomForTheUsersFoods)
     EXPECT_EQ(SplitLines(Bytes()).size(), static_cast<std::size_t>(3 + Table().Count()));
 }
 
-TEST_F(DeliveredDatabase, EveryGroupHasFoodsAndFavoritesHoldsOneEmptyEntry)
+TEST(DeliveredDatabase, EveryGroupHasFoodsAndFavoritesHoldsOneEmptyEntry)
 {
     std::map<std::string, int> perGroup;
-    for (int i = 0; i < Table().Count(); ++i)
-        ++perGroup[Table().Group(i)];
+    for (int i = 0; i < Table().Count(); ++i) {
+        const FoodRecord r = Table().Record(i);
+        ++perGroup[r.group];
+        if (r.group == kFavoritesGroup) {
+            EXPECT_FALSE(r.subgroup.empty());
+            EXPECT_EQ(r.description + r.measure, "");
+            EXPECT_EQ(r.values, NutrientValues{});
+        }
+    }
     for (std::string_view name : kGroupNames) {
         const int count = perGroup[std::string(name)];
         if (name == kFavoritesGroup)
@@ -80,21 +71,11 @@ TEST_F(DeliveredDatabase, EveryGroupHasFoodsAndFavoritesHoldsOneEmptyEntry)
             EXPECT_GE(count, 20) << name;
     }
     EXPECT_EQ(perGroup.size(), kGroupNames.size()) << "a record with a group outside the 17";
-
-    for (int i = 0; i < Table().Count(); ++i) {
-        if (Table().Group(i) != kFavoritesGroup)
-            continue;
-        const FoodRecord r = Table().Record(i);
-        EXPECT_FALSE(r.subgroup.empty());
-        EXPECT_EQ(r.description, "");
-        EXPECT_EQ(r.measure, "");
-        EXPECT_EQ(r.values, NutrientValues{});
-    }
 }
 
 // Values worked out by hand from ABBREV.txt (per 100 g) and WEIGHT.txt
 // (grams of the measure): value x grams / 100, halves to even.
-TEST_F(DeliveredDatabase, SpotChecksMatchTheUsdaFigures)
+TEST(DeliveredDatabase, SpotChecksMatchTheUsdaFigures)
 {
     struct Case {
         const char* group;
@@ -120,28 +101,59 @@ TEST_F(DeliveredDatabase, SpotChecksMatchTheUsdaFigures)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.subgroup) + " / " + c.description + " / " + c.measure);
-        const auto record = Find(c.group, c.subgroup, c.description, c.measure);
-        ASSERT_TRUE(record.has_value());
-        EXPECT_EQ(record->values, c.expected);
+        int found = 0;
+        for (int i = 0; i < Table().Count(); ++i) {
+            const FoodRecord r = Table().Record(i);
+            if (r.group == c.group && r.subgroup == c.subgroup && r.description == c.description &&
+                r.measure == c.measure) {
+                EXPECT_EQ(r.values, c.expected);
+                ++found;
+            }
+        }
+        EXPECT_EQ(found, 1);
     }
 }
 
-TEST_F(DeliveredDatabase, EveryFieldFitsTheFileAndReadsAsText)
+// Every record: text fields the file and the chooser can hold, foods that
+// are generic and eaten cooked, in insert order without duplicates.
+TEST(DeliveredDatabase, EveryRecordIsAPlainGenericFoodInInsertOrder)
 {
+    static const std::set<std::string> cookedOnly = {"Beef", "Pork", "Lamb", "Veal", "Chicken", "Turkey"};
+    int lastGroupIndex = 0;
     for (int i = 0; i < Table().Count(); ++i) {
         const FoodRecord r = Table().Record(i);
         SCOPED_TRACE("record " + std::to_string(i) + ": " + r.subgroup + " / " + r.description);
+        if (i > 0) {
+            const FoodRecord a = Table().Record(i - 1);
+            EXPECT_LT(std::tie(a.group, a.subgroup, a.description, a.measure),
+                      std::tie(r.group, r.subgroup, r.description, r.measure));
+            // Groups follow the order of their letters.
+            const int groupIndex = *GroupLetterFromName(r.group) - 'A';
+            EXPECT_GE(groupIndex, lastGroupIndex);
+            lastGroupIndex = groupIndex;
+        }
         for (const std::string* text : {&r.subgroup, &r.description, &r.measure}) {
             EXPECT_LE(text->size(), static_cast<std::size_t>(kMaxTextField));
             for (unsigned char c : *text)
                 EXPECT_GE(c, 32) << "control character in a text field";
             EXPECT_EQ(dbmaker::NormalizeSpacing(*text), *text) << "stray blanks";
         }
+        // Brand names are written in capitals ("KRAFT", "McDONALD'S").
+        for (const std::string* text : {&r.subgroup, &r.description}) {
+            int run = 0;
+            for (char c : *text) {
+                run = (c >= 'A' && c <= 'Z') ? run + 1 : 0;
+                EXPECT_LT(run, 3) << *text;
+            }
+        }
+        // Fresh meats and poultry are offered cooked only.
+        if ((r.group == "Meats" || r.group == "Poultry") && cookedOnly.count(r.subgroup)) {
+            for (const auto& part : dbmaker::SplitParts(r.description))
+                EXPECT_NE(dbmaker::Lower(part), "raw");
+        }
         if (r.group == kFavoritesGroup)
             continue;
-        EXPECT_FALSE(r.subgroup.empty());
-        EXPECT_FALSE(r.description.empty());
-        EXPECT_FALSE(r.measure.empty());
+        EXPECT_FALSE(r.subgroup.empty() || r.description.empty() || r.measure.empty());
         EXPECT_EQ(dbmaker::CapitalizeFirst(r.subgroup), r.subgroup);
         EXPECT_EQ(dbmaker::CapitalizeFirst(r.description), r.description);
         for (int n = kProtein; n <= kAlcohol; ++n)
@@ -151,23 +163,7 @@ TEST_F(DeliveredDatabase, EveryFieldFitsTheFileAndReadsAsText)
     }
 }
 
-TEST_F(DeliveredDatabase, RecordsAreInInsertOrderWithoutDuplicates)
-{
-    int lastGroupIndex = 0;
-    for (int i = 1; i < Table().Count(); ++i) {
-        const FoodRecord a = Table().Record(i - 1);
-        const FoodRecord b = Table().Record(i);
-        EXPECT_LT(std::tie(a.group, a.subgroup, a.description, a.measure),
-                  std::tie(b.group, b.subgroup, b.description, b.measure))
-            << "records " << i - 1 << " and " << i;
-        // Groups follow the order of their letters.
-        const int groupIndex = *GroupLetterFromName(b.group) - 'A';
-        EXPECT_GE(groupIndex, lastGroupIndex);
-        lastGroupIndex = groupIndex;
-    }
-}
-
-TEST_F(DeliveredDatabase, NoChooserListIsLongerThan499)
+TEST(DeliveredDatabase, NoChooserListIsLongerThan499)
 {
     std::set<std::string> groups;
     std::map<std::string, std::set<std::string>> subgroups, descriptions, measures;
@@ -187,29 +183,7 @@ TEST_F(DeliveredDatabase, NoChooserListIsLongerThan499)
         EXPECT_LE(entries.size(), static_cast<std::size_t>(dbmaker::kMeasuresPerFood)) << key;
 }
 
-TEST_F(DeliveredDatabase, ChosenFoodsAreGenericAndEatenCooked)
-{
-    for (int i = 0; i < Table().Count(); ++i) {
-        const FoodRecord r = Table().Record(i);
-        SCOPED_TRACE(r.subgroup + " / " + r.description);
-        // Brand names are written in capitals ("KRAFT", "McDONALD'S").
-        for (const std::string* text : {&r.subgroup, &r.description}) {
-            int run = 0;
-            for (char c : *text) {
-                run = (c >= 'A' && c <= 'Z') ? run + 1 : 0;
-                EXPECT_LT(run, 3) << *text;
-            }
-        }
-        // Fresh meats and poultry are offered cooked only.
-        static const std::set<std::string> cookedOnly = {"Beef", "Pork", "Lamb", "Veal", "Chicken", "Turkey"};
-        if ((r.group == "Meats" || r.group == "Poultry") && cookedOnly.count(r.subgroup)) {
-            for (const auto& part : dbmaker::SplitParts(r.description))
-                EXPECT_NE(dbmaker::Lower(part), "raw");
-        }
-    }
-}
-
-TEST_F(DeliveredDatabase, CommittedFileEqualsAFreshGeneration)
+TEST(DeliveredDatabase, CommittedFileEqualsAFreshGeneration)
 {
     dbmaker::Selection selection;
     const std::string fresh = dbmaker::MakeDatabaseBytes(kUsdaFolder, &selection);
@@ -263,36 +237,21 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         std::optional<std::string> expected;
     };
     const Case cases[] = {
-        {1000, "cup", "1 cup"},
-        {500, "cup", "1/2 cup"},
-        {333, "cup", "1/3 cup"},
-        {667, "cup", "2/3 cup"},
-        {670, "cup", "2/3 cup"},
-        {250, "tsp", "1/4 tsp"},
-        {750, "cup", "3/4 cup"},
-        {125, "cup", "1/8 cup"},
-        {83, "package", "1/12 package"},
-        {2500, "cups", "2-1/2 cups"},
-        {1250, "cup", "1-1/4 cup"},
+        {1000, "cup", "1 cup"}, {500, "cup", "1/2 cup"}, {333, "cup", "1/3 cup"}, {667, "cup", "2/3 cup"},
+        {670, "cup", "2/3 cup"}, {250, "tsp", "1/4 tsp"}, {750, "cup", "3/4 cup"}, {125, "cup", "1/8 cup"},
+        {83, "package", "1/12 package"}, {2500, "cups", "2-1/2 cups"}, {1250, "cup", "1-1/4 cup"},
         {3000, "oz", "3 oz"},
         {3527, "oz", std::nullopt},  // 100 g in ounces: no household amount
-        {1000, "cup (1 NLEA serving)", "1 cup"},
-        {1000, "oz ( 1 serving )", "1 oz"},
-        {1000, "serving (3 oz)", "3 oz"},
-        {1000, "serving ( 3 oz )", "3 oz"},
-        {1000, "serving 1/2 cup", "1/2 cup"},
-        {2000, "links 1 NLEA serving", "2 links"},
-        {1000, "NLEA serving", std::nullopt},
+        {1000, "cup (1 NLEA serving)", "1 cup"}, {1000, "oz ( 1 serving )", "1 oz"}, {1000, "serving (3 oz)", "3 oz"},
+        {1000, "serving ( 3 oz )", "3 oz"}, {1000, "serving 1/2 cup", "1/2 cup"},
+        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", std::nullopt},
         {1000, "chop, excluding refuse (yield from 1 raw chop, with refuse, weighing 151 g)", "1 chop"},
         {1000, "patty ( yield from 1/4 lb raw meat )", "1 patty"},
         {1000, "piece, cooked, excluding refuse (yield from 1 lb raw meat with refuse)", std::nullopt},
         {1000, "unit (yield from 1 lb ready-to-cook chicken)", std::nullopt},
         {500, "breast, bone removed", "1/2 breast, bone removed"},
-        {1000, "pat (1\" sq, 1/3\" high)", "1 pat (1\" sq, 1/3\" high)"},
-        {1000, "tablespoon", "1 tbsp"},
-        {4000, "teaspoon", "4 tsp"},
-        {1000, "fluid ounce", "1 fl oz"},
-        {1000, "tablespoonful", "1 tablespoonful"},
+        {1000, "pat (1\" sq, 1/3\" high)", "1 pat (1\" sq, 1/3\" high)"}, {1000, "tablespoon", "1 tbsp"},
+        {4000, "teaspoon", "4 tsp"}, {1000, "fluid ounce", "1 fl oz"}, {1000, "tablespoonful", "1 tablespoonful"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit), c.expected) << c.amount << " " << c.unit;
