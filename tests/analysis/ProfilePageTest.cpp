@@ -114,10 +114,14 @@ class ProfilePageTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void EveryNamedControlIsThereWithItsCaption()
+    void TheTabsShowTheirCaptionsAndOpenForAValidProfile()
     {
-        Page p;
-        // Name, caption (or title) and tooltip.
+        ProgramHarness program;
+        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        QVERIFY(program.Start());
+        MainWindow& w = *program.main;
+        // Name, caption (or title) and tooltip, on the profile and the
+        // analysis tabs.
         const char* const controls[][3] = {
             {"frmMeasurement", "Measurement Preference", ""}, {"optMeasurement0", "English", "Inches and pounds"},
             {"optMeasurement1", "Metric", "Centimeters and kilograms"}, {"frameSex", "Sex", ""},
@@ -130,28 +134,64 @@ private slots:
             {"btnTab1Help", "Help", ""}, {"labHeightUnits", "inches", ""}, {"labWeightUnits", "pounds", ""},
             {"txtName", "", "Enter your name"}, {"txtYOB", "", "Enter last two digits of birth year"},
             {"txtHeight", "", ""}, {"txtWeight", "", ""},
+            {"labAge", "Age:", ""}, {"labAgeUnits", "Years", ""}, {"labBMILabel", "BMI:", ""},
+            {"labAgeResults", "", "Your age in years"}, {"labBMI", "", "Your Body Mass Index"},
+            {"labBMIInterpretation", "", "Interpretation of BMI"}, {"labHeader0", "Nutrient", ""},
+            {"labHeader1", "Daily Value (DV)", ""}, {"labHeader2", "Daily Intake", ""},
+            {"labNutrient0", "Calories", ""}, {"labNutrient1", "Protein", ""}, {"labNutrient2", "Carbohydrates", ""},
+            {"labNutrient3", "Fat", ""}, {"labNutrient4", "Cholesterol", ""}, {"labNutrient5", "Fiber", ""},
+            {"labNutrient6", "Calcium", ""}, {"labNutrient7", "Sodium", ""},
         };
         for (const auto& [name, caption, tooltip] : controls) {
-            QWidget* w = p.Get(name);
+            QWidget* control = w.findChild<QWidget*>(name);
+            QVERIFY2(control, name);
             QString text;
-            if (auto* box = qobject_cast<QGroupBox*>(w))
+            if (auto* box = qobject_cast<QGroupBox*>(control))
                 text = box->title();
-            else if (auto* button = qobject_cast<QAbstractButton*>(w))
+            else if (auto* button = qobject_cast<QAbstractButton*>(control))
                 text = button->text();
-            else if (auto* label = qobject_cast<QLabel*>(w))
+            else if (auto* label = qobject_cast<QLabel*>(control))
                 text = label->text();
             QCOMPARE(text, QString::fromLatin1(caption));
-            QCOMPARE(w->toolTip(), QString::fromLatin1(tooltip));
+            QCOMPARE(control->toolTip(), QString::fromLatin1(tooltip));
         }
 
-        // A new page is an unfinished profile in English units.
-        QVERIFY(p.Option("optMeasurement0")->isChecked() && p.Option("optSex0")->isChecked());
-        QVERIFY(p.Option("optLifestyle0")->isChecked() && !p.Get("btnSaveProfile")->isEnabled());
+        // A new profile is unfinished, in English units; nothing on the
+        // analysis tab is enabled before the profile is valid.
+        auto checked = [&w](const char* name) { return w.findChild<QRadioButton*>(name)->isChecked(); };
+        QVERIFY(checked("optMeasurement0") && checked("optSex0") && checked("optLifestyle0"));
+        QVERIFY(!w.findChild<QWidget*>("btnSaveProfile")->isEnabled());
+        for (const QString& name : SummaryLabels())
+            QVERIFY2(!w.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
+        // Both fit the tab page of the main window.
+        for (QWidget* page : std::initializer_list<QWidget*>{w.profilePage, w.analysisPage}) {
+            const QSize size = page->minimumSizeHint();
+            QVERIFY2(size.width() <= 500 && size.height() <= 205,
+                     qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+        }
 
-        // It fits the tab page of the main window.
-        const QSize size = p.page->minimumSizeHint();
-        QVERIFY2(size.width() <= 500 && size.height() <= 205,
-                 qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+        // A valid profile typed opens the other tabs with its values.
+        QTabWidget* tabs = w.tabMain;
+        auto* weight = w.findChild<QLineEdit*>("txtWeight");
+        QTest::keyClicks(w.findChild<QLineEdit*>("txtYOB"), QStringLiteral("62"));
+        QTest::keyClicks(w.findChild<QLineEdit*>("txtHeight"), QStringLiteral("64"));
+        QTest::keyClicks(weight, QStringLiteral("150"));
+        QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
+        QCOMPARE(LabelText(w, "labMDR0"), QStringLiteral("2100"));
+        QCOMPARE(LabelText(w, "labAgeResults"), QStringLiteral("64"));
+
+        // Emptying the weight closes the tabs and keeps the daily values.
+        weight->clear();
+        QTest::keyClick(weight, Qt::Key_Backspace);
+        QVERIFY(!tabs->isTabEnabled(1) && !tabs->isTabEnabled(2));
+        QCOMPARE(program.session.dailyValues[kCalories], 2100);
+        QCOMPARE(LabelText(w, "labMDR0"), QStringLiteral("2100"));
+
+        // A lighter profile typed back opens them with new values.
+        QTest::keyClicks(weight, QStringLiteral("100"));
+        QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
+        QCOMPARE(LabelText(w, "labMDR0"), QStringLiteral("1400"));
+        QVERIFY(program.fakes.prompts.messages.empty());
     }
 
     void TypingAProfileKeyByKeyMakesItValid()
@@ -490,71 +530,34 @@ private slots:
         }
     }
 
-    void AnalysisTabCaptionsTooltipsAndSize()
-    {
-        Session session;
-        AnalysisPage page(session);
-        // Name, caption and tooltip.
-        const char* const labels[][3] = {
-            {"labAge", "Age:", ""}, {"labAgeUnits", "Years", ""}, {"labBMILabel", "BMI:", ""},
-            {"labAgeResults", "", "Your age in years"}, {"labBMI", "", "Your Body Mass Index"},
-            {"labBMIInterpretation", "", "Interpretation of BMI"}, {"labHeader0", "Nutrient", ""},
-            {"labHeader1", "Daily Value (DV)", ""}, {"labHeader2", "Daily Intake", ""},
-            {"labNutrient0", "Calories", ""}, {"labNutrient1", "Protein", ""}, {"labNutrient2", "Carbohydrates", ""},
-            {"labNutrient3", "Fat", ""}, {"labNutrient4", "Cholesterol", ""}, {"labNutrient5", "Fiber", ""},
-            {"labNutrient6", "Calcium", ""}, {"labNutrient7", "Sodium", ""},
-        };
-        for (const auto& [name, caption, tooltip] : labels) {
-            QCOMPARE(LabelText(page, QString::fromLatin1(name)), QString::fromLatin1(caption));
-            QCOMPARE(page.findChild<QWidget*>(name)->toolTip(), QString::fromLatin1(tooltip));
-        }
-        // Nothing is enabled before the first valid profile.
-        for (const QString& name : SummaryLabels())
-            QVERIFY2(page.findChild<QWidget*>(name) && !page.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
-        const QSize size = page.minimumSizeHint();
-        QVERIFY2(size.width() <= 500 && size.height() <= 205,
-                 qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
-    }
-
-    void UpdateSummaryShowsAgeBmiAndDailyValues_data()
-    {
-        QTest::addColumn<QString>("pwp");
-        QTest::addColumn<QString>("age");
-        QTest::addColumn<QString>("bmi");
-        QTest::addColumn<QString>("reading");
-        QTest::addColumn<QStringList>("dailyValues");
-        QTest::newRow("150 lb female sedentary")
-            << "YOB:62\nMEASUREMENT:0\nHEIGHT:64\nWEIGHT:150\nSEX:0\nLIFESTYLE:0"
-            << "64" << "26" << "Overweight"
-            << QStringList{"2100", "63 g", "304 g", "70 g", "315 mg", "26 g", "840 mg", "2494 mg"};
-        QTest::newRow("70 kg 175 cm male light")
-            << "YOB:80\nMEASUREMENT:1\nHEIGHT:175\nWEIGHT:70\nSEX:1\nLIFESTYLE:1"
-            << "46" << "23" << "Normal"
-            << QStringList{"2604", "65 g", "390 g", "87 g", "391 mg", "33 g", "1042 mg", "3092 mg"};
-    }
     void UpdateSummaryShowsAgeBmiAndDailyValues()
     {
-        QFETCH(QString, pwp);
-        QFETCH(QString, age);
-        QFETCH(QString, bmi);
-        QFETCH(QString, reading);
-        QFETCH(QStringList, dailyValues);
-        Session session;
-        ProfileInputs inputs;
-        ApplyProfileSettings(ParseProfileBytes(pwp.toStdString()).settings, inputs);
-        QVERIFY(ValidateProfile(inputs, 2026, session.profile).valid);
-        AnalysisPage page(session);
-        page.UpdateSummary();
+        // The profile's lines, and the age, BMI, reading and daily values
+        // shown.
+        const std::tuple<std::string, QString, QString, QString, QStringList> cases[] = {
+            {"YOB:62\nMEASUREMENT:0\nHEIGHT:64\nWEIGHT:150\nSEX:0\nLIFESTYLE:0", "64", "26", "Overweight",
+             {"2100", "63 g", "304 g", "70 g", "315 mg", "26 g", "840 mg", "2494 mg"}},
+            {"YOB:80\nMEASUREMENT:1\nHEIGHT:175\nWEIGHT:70\nSEX:1\nLIFESTYLE:1", "46", "23", "Normal",
+             {"2604", "65 g", "390 g", "87 g", "391 mg", "33 g", "1042 mg", "3092 mg"}},
+        };
+        for (const auto& [pwp, age, bmi, reading, dailyValues] : cases) {
+            Session session;
+            ProfileInputs inputs;
+            ApplyProfileSettings(ParseProfileBytes(pwp).settings, inputs);
+            QVERIFY(ValidateProfile(inputs, 2026, session.profile).valid);
+            AnalysisPage page(session);
+            page.UpdateSummary();
 
-        QCOMPARE(LabelText(page, "labAgeResults"), age);
-        QCOMPARE(LabelText(page, "labBMI"), bmi);
-        QCOMPARE(LabelText(page, "labBMIInterpretation"), reading);
-        for (int i = 0; i < 8; ++i) {
-            QCOMPARE(LabelText(page, QStringLiteral("labMDR%1").arg(i)), dailyValues[i]);
-            QCOMPARE(QString::number(session.dailyValues[i]), dailyValues[i].section(' ', 0, 0));
+            QCOMPARE(LabelText(page, "labAgeResults"), age);
+            QCOMPARE(LabelText(page, "labBMI"), bmi);
+            QCOMPARE(LabelText(page, "labBMIInterpretation"), reading);
+            for (int i = 0; i < 8; ++i) {
+                QCOMPARE(LabelText(page, QStringLiteral("labMDR%1").arg(i)), dailyValues[i]);
+                QCOMPARE(QString::number(session.dailyValues[i]), dailyValues[i].section(' ', 0, 0));
+            }
+            for (const QString& name : SummaryLabels())
+                QVERIFY2(page.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
         }
-        for (const QString& name : SummaryLabels())
-            QVERIFY2(page.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
     }
 
     void DailyIntakeSlotsAreEightOnly()
@@ -564,34 +567,6 @@ private slots:
         AnalysisPage page(session);
         QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, QStringLiteral("x")));
         QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, QStringLiteral("x")));
-    }
-
-    void TheProgramOpensItsTabsForTheDefaultProfile()
-    {
-        ProgramHarness program;
-        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\n"
-                                            "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
-        QVERIFY(program.Start());
-        QVERIFY(program.fakes.prompts.messages.empty());
-        auto* tabs = program.main->findChild<QTabWidget*>("tabMain");
-        QVERIFY(tabs);
-        QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
-        QCOMPARE(LabelText(*program.main, "labMDR0"), QStringLiteral("2100"));
-        QCOMPARE(LabelText(*program.main, "labAgeResults"), QStringLiteral("64"));
-
-        // Emptying the weight closes the tabs and keeps the daily values.
-        auto* weight = program.main->findChild<QLineEdit*>("txtWeight");
-        weight->clear();
-        QTest::keyClick(weight, Qt::Key_Backspace);
-        QVERIFY(!tabs->isTabEnabled(1) && !tabs->isTabEnabled(2));
-        QCOMPARE(program.session.dailyValues[kCalories], 2100);
-        QCOMPARE(LabelText(*program.main, "labMDR0"), QStringLiteral("2100"));
-
-        // A lighter profile typed back opens them with new values.
-        QTest::keyClicks(weight, QStringLiteral("100"));
-        QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
-        QCOMPARE(LabelText(*program.main, "labMDR0"), QStringLiteral("1400"));
     }
 };
 
