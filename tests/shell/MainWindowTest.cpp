@@ -308,13 +308,13 @@ private slots:
         QCOMPARE(prompts.events, std::vector<QString>({"beep", "message:Important Disclaimer"}));
         QCOMPARE(Shown(prompts.messages.back()),
                  Shown({"Although the nutrition database is believed to be accurate,\r\n"
-                                "this program is provided AS IS, and there is no warranty\r\n"
-                                "for the accuracy of the nutritional database or for the\r\n"
-                                "interpretation of data or analysis.\r\n\r\n"
-                                "Data analysis is intended for healthy adults only.\r\n"
-                                "However, this program is not intended to replace the\r\n"
-                                "services of a qualified health care provider, dietician,\r\n"
-                                "nutritionist, or physician.",
+                        "this program is provided AS IS, and there is no warranty\r\n"
+                        "for the accuracy of the nutritional database or for the\r\n"
+                        "interpretation of data or analysis.\r\n\r\n"
+                        "Data analysis is intended for healthy adults only.\r\n"
+                        "However, this program is not intended to replace the\r\n"
+                        "services of a qualified health care provider, dietician,\r\n"
+                        "nutritionist, or physician.",
                         "Important Disclaimer", MsgIcon::Critical, MsgButtons::Ok}));
 
         w.findChild<QAction*>("mnuHelpOnHelp")->trigger();
