@@ -52,7 +52,7 @@ public:
     NutrientValues Totals() const;
 
     std::int16_t selectedRow = 0;  // the grid row last clicked, 0 for none
-    bool listSaved = true;         // unchanged since saved or opened
+    bool listSaved = false;        // unchanged since saved or opened
 
 private:
     int CheckRow(int row) const;

@@ -89,12 +89,6 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
     return menu;
 }
 
-// The list commands whose work is done elsewhere: saving the list to its
-// file, printing, and saving the list as a dish. Each stays disabled, however
-// long the list, until its command is connected and its flag set here.
-constexpr bool kListFileCommandConnected = true;    // mnuSave
-constexpr bool kPrintCommandsConnected = true;      // mnuPrint, mnuList
-constexpr bool kSaveAsDishCommandConnected = false;  // mnuSaveAsDish
 
 // A menu's title in the bar follows the menu's own enabled state, so both
 // are set (the bar re-enabling its children must not re-enable the menu).
@@ -368,11 +362,11 @@ void MainWindow::UpdateListMenus()
 {
     const ListCommandStates allowed = ListCommandsFor(session_.foodList.Count());
     mnuClearList->setEnabled(allowed.clear);
-    mnuSave->setEnabled(kListFileCommandConnected && allowed.save);
-    SetMenuEnabled(mnuPrint, kPrintCommandsConnected && allowed.print);
-    mnuList->setEnabled(kPrintCommandsConnected && allowed.print);
-    mnuPrintAnalysis->setEnabled(kPrintCommandsConnected && allowed.print);
-    mnuSaveAsDish->setEnabled(kSaveAsDishCommandConnected && allowed.saveAsDish);
+    mnuSave->setEnabled(allowed.save);
+    SetMenuEnabled(mnuPrint, allowed.print);
+    mnuList->setEnabled(allowed.print);
+    mnuPrintAnalysis->setEnabled(allowed.print);
+    mnuSaveAsDish->setEnabled(allowed.saveAsDish);
 }
 
 void MainWindow::OnProfileValidated(bool valid)
