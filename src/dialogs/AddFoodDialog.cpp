@@ -44,14 +44,6 @@ constexpr int kMaxTextLength = kMaxTextField;
 // sodium or summed into calories, stays within 32 bits.
 constexpr int kMaxNutrientLength = 6;
 
-QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int maxLength)
 {
     auto* box = new QLineEdit(parent);
@@ -62,40 +54,27 @@ QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int ma
     return box;
 }
 
-QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    if (tip)
-        button->setToolTip(QString::fromLatin1(tip));
-    button->setAutoDefault(false);
-    return button;
-}
-
-std::string Latin1(const QString& text) { return text.toLatin1().toStdString(); }
-
 }  // namespace
 
 AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams), main_(main)
+    : FoodTableDialog(session, seams, main, kHelpContextAddFood, parent)
 {
     BuildControls();
-    const auto guarded = [this](auto work) { return [this, work] { RunGuarded(guard, work); }; };
-    connect(comPrimary, &QComboBox::activated, this, guarded([this] { comPrimary_Click(); }));
+    connect(comPrimary, &QComboBox::activated, this, Guarded([this] { comPrimary_Click(); }));
     // A pick from the list and typing both change the subgroup.
-    connect(comSecondary, &QComboBox::activated, this, guarded([this] { comSecondary_Change(); }));
-    connect(comSecondary->lineEdit(), &QLineEdit::textEdited, this, guarded([this] { comSecondary_Change(); }));
+    connect(comSecondary, &QComboBox::activated, this, Guarded([this] { comSecondary_Change(); }));
+    connect(comSecondary->lineEdit(), &QLineEdit::textEdited, this, Guarded([this] { comSecondary_Change(); }));
     // The boxes' bits follow their text however it changes.
-    connect(txtDescription, &QLineEdit::textChanged, this, guarded([this] { txtDescription_KeyUp(); }));
-    connect(txtMeasure, &QLineEdit::textChanged, this, guarded([this] { txtMeasure_KeyUp(); }));
+    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { txtDescription_KeyUp(); }));
+    connect(txtMeasure, &QLineEdit::textChanged, this, Guarded([this] { txtMeasure_KeyUp(); }));
     for (int i = 0; i < kCustomNutrients; ++i) {
-        connect(txtNutrVal[i], &QLineEdit::textChanged, this, guarded([this, i] { txtNutrVal_KeyUp(i); }));
-        connect(optUnits[i], &QRadioButton::clicked, this, guarded([this, i] { optUnits_Click(i); }));
-        connect(optDV[i], &QRadioButton::clicked, this, guarded([this, i] { optDV_Click(i); }));
+        connect(txtNutrVal[i], &QLineEdit::textChanged, this, Guarded([this, i] { txtNutrVal_KeyUp(i); }));
+        connect(optUnits[i], &QRadioButton::clicked, this, Guarded([this, i] { optUnits_Click(i); }));
+        connect(optDV[i], &QRadioButton::clicked, this, Guarded([this, i] { optDV_Click(i); }));
     }
-    connect(btnAdd, &QPushButton::clicked, this, guarded([this] { btnAdd_Click(); }));
-    connect(btnCancel, &QPushButton::clicked, this, guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, guarded([this] { btnHelp_Click(); }));
+    connect(btnAdd, &QPushButton::clicked, this, Guarded([this] { btnAdd_Click(); }));
+    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
+    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
     Form_Activate();
 }
 
@@ -104,11 +83,11 @@ void AddFoodDialog::BuildControls()
     setObjectName(QStringLiteral("frmAdd"));
     setWindowTitle(QStringLiteral("Add to Database"));
 
-    labPrimary = MakeLabel(this, QStringLiteral("labPrimary"), "Select Group");
+    labPrimary = MakeDialogLabel(this, QStringLiteral("labPrimary"), "Select Group");
     comPrimary = new QComboBox(this);
     comPrimary->setObjectName(QStringLiteral("comPrimary"));
     comPrimary->setToolTip(QStringLiteral("Select food group"));
-    labSecondary = MakeLabel(this, QStringLiteral("labSecondary"), "Select subgroup");
+    labSecondary = MakeDialogLabel(this, QStringLiteral("labSecondary"), "Select subgroup");
     comSecondary = new QComboBox(this);
     comSecondary->setObjectName(QStringLiteral("comSecondary"));
     comSecondary->setToolTip(QStringLiteral("Select or enter secondary group"));
@@ -116,10 +95,10 @@ void AddFoodDialog::BuildControls()
     comSecondary->setInsertPolicy(QComboBox::NoInsert);
     comSecondary->setCompleter(nullptr);
     comSecondary->lineEdit()->setMaxLength(kMaxTextLength);
-    labDescription = MakeLabel(this, QStringLiteral("labDescription"), "Enter description");
+    labDescription = MakeDialogLabel(this, QStringLiteral("labDescription"), "Enter description");
     txtDescription = MakeBox(this, QStringLiteral("txtDescription"), "Enter a description of the food item",
                              kMaxTextLength);
-    labUnitOfMeasure = MakeLabel(this, QStringLiteral("labUnitOfMeasure"), "Enter unit of measure");
+    labUnitOfMeasure = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasure"), "Enter unit of measure");
     txtMeasure = MakeBox(this, QStringLiteral("txtMeasure"), "Enter the unit of measure for this food item",
                          kMaxTextLength);
     for (QComboBox* combo : {comPrimary, comSecondary}) {
@@ -141,11 +120,11 @@ void AddFoodDialog::BuildControls()
     auto* rows = new QGridLayout;
     rows->setVerticalSpacing(2);
     for (int i = 0; i < kCustomNutrients; ++i) {
-        labNutrient[i] = MakeLabel(this, QStringLiteral("labNutrient%1").arg(i), kNutrientCaptions[i]);
+        labNutrient[i] = MakeDialogLabel(this, QStringLiteral("labNutrient%1").arg(i), kNutrientCaptions[i]);
         txtNutrVal[i] = MakeBox(this, QStringLiteral("txtNutrVal%1").arg(i), nullptr, kMaxNutrientLength);
         txtNutrVal[i]->setAlignment(Qt::AlignRight);
         txtNutrVal[i]->setMaximumWidth(txtNutrVal[i]->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
-        labMeasureCaption[i] = MakeLabel(this, QStringLiteral("labMeasureCaption%1").arg(i), kCustomUnitTexts[i]);
+        labMeasureCaption[i] = MakeDialogLabel(this, QStringLiteral("labMeasureCaption%1").arg(i), kCustomUnitTexts[i]);
         labMeasureCaption[i]->setMinimumWidth(labMeasureCaption[i]->fontMetrics().horizontalAdvance(
             QString::fromLatin1(kPercentCaption) + QStringLiteral("  ")));
         frameUnits[i] = new QFrame(this);
@@ -165,7 +144,7 @@ void AddFoodDialog::BuildControls()
         rows->addWidget(labMeasureCaption[i], i, 2);
         rows->addWidget(frameUnits[i], i, 3);
     }
-    labCalories = MakeLabel(this, QStringLiteral("labCalories"), "Calories");
+    labCalories = MakeDialogLabel(this, QStringLiteral("labCalories"), "Calories");
     txtCalories = MakeBox(this, QStringLiteral("txtCalories"), nullptr, 32767);
     txtCalories->setReadOnly(true);
     txtCalories->setFocusPolicy(Qt::NoFocus);
@@ -175,10 +154,10 @@ void AddFoodDialog::BuildControls()
     rows->addWidget(txtCalories, kCustomNutrients, 1);
     rows->setColumnStretch(4, 1);
 
-    labNote = MakeLabel(this, QStringLiteral("labNote"), "*percent Daily Values are based on a 2,000 calorie diet");
-    btnAdd = MakeButton(this, "btnAdd", "Add", "Add item to database");
-    btnCancel = MakeButton(this, "btnCancel", "Cancel", nullptr);
-    btnHelp = MakeButton(this, "btnHelp", "Help", nullptr);
+    labNote = MakeDialogLabel(this, QStringLiteral("labNote"), "*percent Daily Values are based on a 2,000 calorie diet");
+    btnAdd = MakeDialogButton(this, "btnAdd", "Add", "Add item to database");
+    btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
+    btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     for (QPushButton* button : {btnAdd, btnCancel, btnHelp})
@@ -321,7 +300,7 @@ void AddFoodDialog::txtNutrVal_KeyUp(int row)
 {
     QLineEdit* box = txtNutrVal[static_cast<std::size_t>(row)];
     const QString text = box->text();
-    if (!text.isEmpty() && !IsNumeric(Latin1(text))) {
+    if (!text.isEmpty() && !IsNumeric(ToLatin1(text))) {
         seams_.prompts.Message(QString::fromLatin1(texts::kEnterOnlyNumbers),
                                QString::fromLatin1(texts::kTitleNumberError), MsgIcon::Exclamation);
         box->clear();  // comes back here with the empty box
@@ -347,35 +326,32 @@ void AddFoodDialog::btnAdd_Click()
                             MsgButtons buttons = MsgButtons::Ok) {
         return seams_.prompts.Message(text, std::string(title), icon, buttons);
     };
-    const std::string question = AddFoodQuestion(Latin1(comSecondary->currentText()),
-                                                 Latin1(txtDescription->text()), Latin1(txtMeasure->text()));
+    const std::string question = AddFoodQuestion(ToLatin1(comSecondary->currentText()),
+                                                 ToLatin1(txtDescription->text()), ToLatin1(txtMeasure->text()));
     if (say(question, texts::kTitleAddToDatabase, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
         say(texts::kOperationCancelled, texts::kTitleAddToDatabase, MsgIcon::Information);
         return;
     }
-    txtDescription->setText(QString::fromLatin1(CapitalizeFirst(Latin1(txtDescription->text()))));
+    txtDescription->setText(QString::fromLatin1(CapitalizeFirst(ToLatin1(txtDescription->text()))));
 
     std::array<std::int32_t, kCustomNutrients> rows{};
     for (int i = 0; i < kCustomNutrients; ++i) {
         rows[static_cast<std::size_t>(i)] =
-            CustomNutrientValue(i, Latin1(txtNutrVal[i]->text()), optDV[i]->isChecked());
+            CustomNutrientValue(i, ToLatin1(txtNutrVal[i]->text()), optDV[i]->isChecked());
     }
     const NutrientValues values = CustomFoodValues(rows);
     txtCalories->setText(QString::number(values[kCalories]));
 
     // The messages name the food as the boxes hold it; the insert trims its
     // own copies.
-    const std::string shownSubgroup = Latin1(comSecondary->currentText());
-    const std::string shownDescription = Latin1(txtDescription->text());
-    const std::string shownMeasure = Latin1(txtMeasure->text());
+    const std::string shownSubgroup = ToLatin1(comSecondary->currentText());
+    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownMeasure = ToLatin1(txtMeasure->text());
     std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
     const std::int16_t result = session_.foodInserter.InsertFood(
-        session_.foodTable, Latin1(comPrimary->currentText()), subgroup, description, measure, values);
-    if (result == kInsertNoRoom) {
-        main_.DatabaseMaxedOut();
-        QDialog::reject();
+        session_.foodTable, ToLatin1(comPrimary->currentText()), subgroup, description, measure, values);
+    if (ClosedForNoRoom(result))
         return;
-    }
     if (result < 0) {
         say(AddFoodExists(shownSubgroup, shownDescription, shownMeasure), texts::kTitleNotAdded,
             MsgIcon::Exclamation);
@@ -386,27 +362,6 @@ void AddFoodDialog::btnAdd_Click()
     main_.foodListPage->RebuildTierMap();
     main_.foodListPage->DisableTiers();
     QDialog::accept();
-}
-
-void AddFoodDialog::btnCancel_Click() { QDialog::reject(); }
-
-void AddFoodDialog::reject()
-{
-    RunGuarded(guard, [this] { btnCancel_Click(); });
-}
-
-void AddFoodDialog::btnHelp_Click()
-{
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
-                         kHelpContextAddFood);
-}
-
-void AddFoodDialog::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    // Each opening, not a window manager's restore, starts empty.
-    if (!event->spontaneous())
-        RunGuarded(guard, [this] { Form_Activate(); });
 }
 
 }  // namespace pw

@@ -4,7 +4,7 @@
 // as percent of a fixed daily value; Add inserts the food into the table in
 // order. Created once, hidden rather than destroyed, and empty again every
 // time it is shown.
-#include <QDialog>
+#include "dialogs/FoodTableDialog.h"
 #include <array>
 #include <cstdint>
 
@@ -24,13 +24,9 @@ class MainWindow;
 struct Seams;
 struct Session;
 
-class AddFoodDialog : public QDialog {
+class AddFoodDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    // Where run-time errors of the handlers go; the main window hands on
-    // its own.
-    ErrorGuard* guard = nullptr;
-
     AddFoodDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
 
     // Bit 0 description, bit 1 measure, bits 2..8 the nutrient boxes that
@@ -60,16 +56,9 @@ public:
     QPushButton* btnCancel = nullptr;
     QPushButton* btnHelp = nullptr;
 
-public slots:
-    // Closing the window or Escape leave as Cancel does.
-    void reject() override;
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void BuildControls();
-    void Form_Activate();
+    void Form_Activate() override;
     // Everything below the group disabled and emptied.
     void DisableGUI();
     void EnableGUI();
@@ -85,12 +74,7 @@ private:
     void optUnits_Click(int row);
     void optDV_Click(int row);
     void btnAdd_Click();
-    void btnCancel_Click();
-    void btnHelp_Click();
 
-    Session& session_;
-    Seams& seams_;
-    MainWindow& main_;
     std::int32_t fieldsFilled_ = 0;
 };
 

@@ -23,38 +23,17 @@ namespace {
 
 constexpr int kHelpContextCopy = 9;
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    if (tip)
-        button->setToolTip(QString::fromLatin1(tip));
-    button->setAutoDefault(false);
-    return button;
-}
-
-std::string Latin1(const QString& text) { return text.toLatin1().toStdString(); }
-
 }  // namespace
 
 CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams), main_(main)
+    : FoodTableDialog(session, seams, main, kHelpContextCopy, parent)
 {
     BuildControls();
-    const auto guarded = [this](auto work) { return [this, work] { RunGuarded(guard, work); }; };
-    connect(comSubgroup, &QComboBox::editTextChanged, this, guarded([this] { EnableCopy(); }));
-    connect(txtDescription, &QLineEdit::textChanged, this, guarded([this] { EnableCopy(); }));
-    connect(btnCopy, &QPushButton::clicked, this, guarded([this] { btnCopy_Click(); }));
-    connect(btnCancel, &QPushButton::clicked, this, guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, guarded([this] { btnHelp_Click(); }));
+    connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(btnCopy, &QPushButton::clicked, this, Guarded([this] { btnCopy_Click(); }));
+    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
+    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
     EnableCopy();
 }
 
@@ -63,29 +42,23 @@ void CopyFavoritesDialog::BuildControls()
     setObjectName(QStringLiteral("frmCopy"));
     setWindowTitle(QStringLiteral("Copy Item to Favorites"));
 
-    labFoodGroupLabel = MakeLabel(this, "labFoodGroupLabel", "Food Group:");
-    labFoodGroup = MakeLabel(this, "labFoodGroup", "Favorites");
+    labFoodGroupLabel = MakeDialogLabel(this, QStringLiteral("labFoodGroupLabel"), "Food Group:");
+    labFoodGroup = MakeDialogLabel(this, QStringLiteral("labFoodGroup"), "Favorites");
     QFont bold = labFoodGroup->font();
     bold.setBold(true);
     labFoodGroup->setFont(bold);
-    labChooseSubGroupLabel = MakeLabel(this, "labChooseSubGroupLabel", "Choose subgroup:");
-    comSubgroup = new QComboBox(this);
-    comSubgroup->setObjectName(QStringLiteral("comSubgroup"));
-    comSubgroup->setToolTip(QStringLiteral("Select (or enter) secondary group"));
-    comSubgroup->setEditable(true);
-    comSubgroup->setInsertPolicy(QComboBox::NoInsert);
-    comSubgroup->setCompleter(nullptr);
-    comSubgroup->lineEdit()->setMaxLength(kMaxTextField);
-    labDescriptionLabel = MakeLabel(this, "labDescriptionLabel", "Enter description:");
+    labChooseSubGroupLabel = MakeDialogLabel(this, QStringLiteral("labChooseSubGroupLabel"), "Choose subgroup:");
+    comSubgroup = MakeFavoritesSubgroupBox("Select (or enter) secondary group");
+    labDescriptionLabel = MakeDialogLabel(this, QStringLiteral("labDescriptionLabel"), "Enter description:");
     txtDescription = new QLineEdit(this);
     txtDescription->setObjectName(QStringLiteral("txtDescription"));
     txtDescription->setToolTip(QStringLiteral("Enter description"));
     txtDescription->setMaxLength(kMaxTextField);
-    labUnitOfMeasureLabel = MakeLabel(this, "labUnitOfMeasureLabel", "Unit of measure:");
-    labMeasure = MakeLabel(this, "labMeasure", "");
-    btnCopy = MakeButton(this, "btnCopy", "Copy", "Copy item to favorites");
-    btnCancel = MakeButton(this, "btnCancel", "Cancel", nullptr);
-    btnHelp = MakeButton(this, "btnHelp", "Help", nullptr);
+    labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), "Unit of measure:");
+    labMeasure = MakeDialogLabel(this, QStringLiteral("labMeasure"), "");
+    btnCopy = MakeDialogButton(this, "btnCopy", "Copy", "Copy item to favorites");
+    btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
+    btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
 
     auto* fields = new QGridLayout;
     QWidget* const rows[4][2] = {{labFoodGroupLabel, labFoodGroup},
@@ -110,10 +83,7 @@ void CopyFavoritesDialog::BuildControls()
 void CopyFavoritesDialog::Form_Activate()
 {
     const FoodListPage& chooser = *main_.foodListPage;
-    comSubgroup->clear();
-    for (const std::string& subgroup :
-         GroupSubgroups(session_.foodTable, session_.tierMap, std::string(kFavoritesGroup)))
-        comSubgroup->addItem(QString::fromLatin1(subgroup));
+    FillFavoritesSubgroups(comSubgroup);
     // The chosen food's own subgroup when Favorites has one of that name.
     comSubgroup->setCurrentIndex(comSubgroup->findText(chooser.comTier1->currentText(), Qt::MatchExactly |
                                                                                           Qt::MatchCaseSensitive));
@@ -134,18 +104,15 @@ void CopyFavoritesDialog::btnCopy_Click()
 {
     // The messages name the food as the boxes hold it; the insert trims its
     // own copies.
-    const std::string shownSubgroup = Latin1(comSubgroup->currentText());
-    const std::string shownDescription = Latin1(txtDescription->text());
-    const std::string shownMeasure = Latin1(labMeasure->text());
+    const std::string shownSubgroup = ToLatin1(comSubgroup->currentText());
+    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownMeasure = ToLatin1(labMeasure->text());
     std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
     const std::int16_t result =
         session_.foodInserter.InsertFood(session_.foodTable, std::string(kFavoritesGroup), subgroup, description,
                                          measure, session_.foodTable.Values(session_.chooser.currentFood));
-    if (result == kInsertNoRoom) {
-        main_.DatabaseMaxedOut();
-        QDialog::reject();
+    if (ClosedForNoRoom(result))
         return;
-    }
     if (result < 0) {
         seams_.prompts.Message(CopyExists(shownSubgroup, shownDescription, shownMeasure),
                                std::string(texts::kTitleUnableToCopy), MsgIcon::Exclamation);
@@ -156,27 +123,6 @@ void CopyFavoritesDialog::btnCopy_Click()
     QDialog::accept();
     main_.foodListPage->RebuildTierMap();
     main_.foodListPage->DisableTiers();
-}
-
-void CopyFavoritesDialog::btnCancel_Click() { QDialog::reject(); }
-
-void CopyFavoritesDialog::reject()
-{
-    RunGuarded(guard, [this] { btnCancel_Click(); });
-}
-
-void CopyFavoritesDialog::btnHelp_Click()
-{
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, kHelpContextCopy);
-}
-
-void CopyFavoritesDialog::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    // Each opening, not a window manager's restore, takes the chosen food
-    // afresh.
-    if (!event->spontaneous())
-        RunGuarded(guard, [this] { Form_Activate(); });
 }
 
 }  // namespace pw

@@ -3,7 +3,7 @@
 // subgroup and description of the user's choice and with its own measure.
 // Created once, hidden rather than destroyed, and filled from the chooser
 // every time it is shown.
-#include <QDialog>
+#include "dialogs/FoodTableDialog.h"
 
 class QComboBox;
 class QLabel;
@@ -17,13 +17,9 @@ class MainWindow;
 struct Seams;
 struct Session;
 
-class CopyFavoritesDialog : public QDialog {
+class CopyFavoritesDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    // Where run-time errors of the handlers go; the main window hands on
-    // its own.
-    ErrorGuard* guard = nullptr;
-
     CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
 
     QLabel* labFoodGroupLabel = nullptr;
@@ -38,25 +34,13 @@ public:
     QPushButton* btnCancel = nullptr;
     QPushButton* btnHelp = nullptr;
 
-public slots:
-    // Closing the window or Escape leave as Cancel does.
-    void reject() override;
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void BuildControls();
-    void Form_Activate();
+    void Form_Activate() override;
     // Copy is offered while subgroup and description hold text.
     void EnableCopy();
     void btnCopy_Click();
-    void btnCancel_Click();
-    void btnHelp_Click();
 
-    Session& session_;
-    Seams& seams_;
-    MainWindow& main_;
 };
 
 }  // namespace pw

@@ -2,7 +2,7 @@
 // Saves the whole food list as one new food of the Favorites group, a dish
 // whose values are the list's totals. Created once, hidden rather than
 // destroyed, and empty again every time it is shown.
-#include <QDialog>
+#include "dialogs/FoodTableDialog.h"
 
 class QComboBox;
 class QLabel;
@@ -16,13 +16,9 @@ class MainWindow;
 struct Seams;
 struct Session;
 
-class SaveDishDialog : public QDialog {
+class SaveDishDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    // Where run-time errors of the handlers go; the main window hands on
-    // its own.
-    ErrorGuard* guard = nullptr;
-
     SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
 
     QLabel* labFoodGroupLabel = nullptr;
@@ -37,25 +33,13 @@ public:
     QPushButton* btnCancel = nullptr;
     QPushButton* btnHelp = nullptr;
 
-public slots:
-    // Closing the window or Escape leave as Cancel does.
-    void reject() override;
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void BuildControls();
-    void Form_Activate();
+    void Form_Activate() override;
     // Save is offered while subgroup, description and measure hold text.
     void EnableSave();
     void btnSaveList_Click();
-    void btnCancel_Click();
-    void btnHelp_Click();
 
-    Session& session_;
-    Seams& seams_;
-    MainWindow& main_;
 };
 
 }  // namespace pw

@@ -1,0 +1,90 @@
+#include "dialogs/FoodTableDialog.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShowEvent>
+
+#include "fooddb/FoodEditing.h"
+#include "fooddb/FoodGroups.h"
+#include "shell/MainWindow.h"
+#include "shell/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent)
+    : QDialog(parent), session_(session), seams_(seams), main_(main), helpContext_(helpContext)
+{
+}
+
+void FoodTableDialog::reject()
+{
+    RunGuarded(guard, [this] { btnCancel_Click(); });
+}
+
+void FoodTableDialog::btnCancel_Click() { QDialog::reject(); }
+
+void FoodTableDialog::btnHelp_Click()
+{
+    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, helpContext_);
+}
+
+void FoodTableDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        RunGuarded(guard, [this] { Form_Activate(); });
+}
+
+QComboBox* FoodTableDialog::MakeFavoritesSubgroupBox(const char* tip)
+{
+    auto* box = new QComboBox(this);
+    box->setObjectName(QStringLiteral("comSubgroup"));
+    box->setToolTip(QString::fromLatin1(tip));
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);
+    box->lineEdit()->setMaxLength(kMaxTextField);
+    return box;
+}
+
+void FoodTableDialog::FillFavoritesSubgroups(QComboBox* box) const
+{
+    box->clear();
+    for (const std::string& subgroup :
+         GroupSubgroups(session_.foodTable, session_.tierMap, std::string(kFavoritesGroup)))
+        box->addItem(QString::fromLatin1(subgroup));
+}
+
+bool FoodTableDialog::ClosedForNoRoom(std::int16_t result)
+{
+    if (result != kInsertNoRoom)
+        return false;
+    main_.DatabaseMaxedOut();
+    QDialog::reject();
+    return true;
+}
+
+QLabel* MakeDialogLabel(QWidget* parent, const QString& name, const char* caption)
+{
+    auto* label = new QLabel(QString::fromLatin1(caption), parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* MakeDialogButton(QWidget* parent, const char* name, const char* caption, const char* tip)
+{
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setObjectName(QString::fromLatin1(name));
+    if (tip)
+        button->setToolTip(QString::fromLatin1(tip));
+    button->setAutoDefault(false);
+    return button;
+}
+
+std::string ToLatin1(const QString& text) { return text.toLatin1().toStdString(); }
+
+}  // namespace pw
