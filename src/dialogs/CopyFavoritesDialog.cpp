@@ -1,13 +1,9 @@
 #include "dialogs/CopyFavoritesDialog.h"
 
 #include <QComboBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShowEvent>
-#include <QVBoxLayout>
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
@@ -26,7 +22,7 @@ constexpr int kHelpContextCopy = 9;
 }  // namespace
 
 CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FoodTableDialog(session, seams, main, kHelpContextCopy, parent)
+    : FavoritesDialog(session, seams, main, kHelpContextCopy, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
@@ -41,43 +37,10 @@ void CopyFavoritesDialog::BuildControls()
 {
     setObjectName(QStringLiteral("frmCopy"));
     setWindowTitle(QStringLiteral("Copy Item to Favorites"));
-
-    labFoodGroupLabel = MakeDialogLabel(this, QStringLiteral("labFoodGroupLabel"), "Food Group:");
-    labFoodGroup = MakeDialogLabel(this, QStringLiteral("labFoodGroup"), "Favorites");
-    QFont bold = labFoodGroup->font();
-    bold.setBold(true);
-    labFoodGroup->setFont(bold);
-    labChooseSubGroupLabel = MakeDialogLabel(this, QStringLiteral("labChooseSubGroupLabel"), "Choose subgroup:");
-    comSubgroup = MakeFavoritesSubgroupBox("Select (or enter) secondary group");
-    labDescriptionLabel = MakeDialogLabel(this, QStringLiteral("labDescriptionLabel"), "Enter description:");
-    txtDescription = new QLineEdit(this);
-    txtDescription->setObjectName(QStringLiteral("txtDescription"));
-    txtDescription->setToolTip(QStringLiteral("Enter description"));
-    txtDescription->setMaxLength(kMaxTextField);
-    labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), "Unit of measure:");
     labMeasure = MakeDialogLabel(this, QStringLiteral("labMeasure"), "");
     btnCopy = MakeDialogButton(this, "btnCopy", "Copy", "Copy item to favorites");
-    btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
-    btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
-
-    auto* fields = new QGridLayout;
-    QWidget* const rows[4][2] = {{labFoodGroupLabel, labFoodGroup},
-                                 {labChooseSubGroupLabel, comSubgroup},
-                                 {labDescriptionLabel, txtDescription},
-                                 {labUnitOfMeasureLabel, labMeasure}};
-    for (int r = 0; r < 4; ++r) {
-        fields->addWidget(rows[r][0], r, 0);
-        fields->addWidget(rows[r][1], r, 1);
-    }
-    fields->setColumnStretch(1, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* button : {btnCopy, btnCancel, btnHelp})
-        buttons->addWidget(button);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(fields);
-    layout->addLayout(buttons);
-    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 60);
+    BuildFavoritesForm("Select (or enter) secondary group", "Enter description", "Unit of measure:", labMeasure,
+                       btnCopy);
 }
 
 void CopyFavoritesDialog::Form_Activate()

@@ -3,7 +3,7 @@
 // subgroup and description of the user's choice and with its own measure.
 // Created once, hidden rather than destroyed, and filled from the chooser
 // every time it is shown.
-#include "dialogs/FoodTableDialog.h"
+#include "dialogs/FavoritesDialog.h"
 
 class QComboBox;
 class QLabel;
@@ -17,22 +17,13 @@ class MainWindow;
 struct Seams;
 struct Session;
 
-class CopyFavoritesDialog : public FoodTableDialog {
+class CopyFavoritesDialog : public FavoritesDialog {
     Q_OBJECT
 public:
     CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
 
-    QLabel* labFoodGroupLabel = nullptr;
-    QLabel* labFoodGroup = nullptr;
-    QLabel* labChooseSubGroupLabel = nullptr;
-    QComboBox* comSubgroup = nullptr;
-    QLabel* labDescriptionLabel = nullptr;
-    QLineEdit* txtDescription = nullptr;
-    QLabel* labUnitOfMeasureLabel = nullptr;
     QLabel* labMeasure = nullptr;  // the chosen food's measure, kept
     QPushButton* btnCopy = nullptr;
-    QPushButton* btnCancel = nullptr;
-    QPushButton* btnHelp = nullptr;
 
 private:
     void BuildControls();
@@ -40,7 +31,6 @@ private:
     // Copy is offered while subgroup and description hold text.
     void EnableCopy();
     void btnCopy_Click();
-
 };
 
 }  // namespace pw

@@ -2,13 +2,9 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShowEvent>
-#include <QVBoxLayout>
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
@@ -28,7 +24,7 @@ constexpr int kHelpContextSaveDish = 6;
 }  // namespace
 
 SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FoodTableDialog(session, seams, main, kHelpContextSaveDish, parent)
+    : FavoritesDialog(session, seams, main, kHelpContextSaveDish, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
@@ -44,46 +40,13 @@ void SaveDishDialog::BuildControls()
 {
     setObjectName(QStringLiteral("frmSaveList"));
     setWindowTitle(QStringLiteral("Save List"));
-
-    labFoodGroupLabel = MakeDialogLabel(this, QStringLiteral("labFoodGroupLabel"), "Food Group:");
-    labFoodGroup = MakeDialogLabel(this, QStringLiteral("labFoodGroup"), "Favorites");
-    QFont bold = labFoodGroup->font();
-    bold.setBold(true);
-    labFoodGroup->setFont(bold);
-    labChooseSubGroupLabel = MakeDialogLabel(this, QStringLiteral("labChooseSubGroupLabel"), "Choose subgroup:");
-    comSubgroup = MakeFavoritesSubgroupBox("Select (or enter) secondary food group");
-    labDescriptionLabel = MakeDialogLabel(this, QStringLiteral("labDescriptionLabel"), "Enter description:");
-    txtDescription = new QLineEdit(this);
-    txtDescription->setObjectName(QStringLiteral("txtDescription"));
-    txtDescription->setToolTip(QStringLiteral("Enter the description of the food item"));
-    txtDescription->setMaxLength(kMaxTextField);
-    labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), "Enter Unit of measure:");
     txtMeasure = new QLineEdit(this);
     txtMeasure->setObjectName(QStringLiteral("txtMeasure"));
     txtMeasure->setToolTip(QStringLiteral("Enter the unit of measure for this food item"));
     txtMeasure->setMaxLength(kMaxTextField);
     btnSaveList = MakeDialogButton(this, "btnSaveList", "Save List", "Save list as custom dish");
-    btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
-    btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
-
-    auto* fields = new QGridLayout;
-    QWidget* const rows[4][2] = {{labFoodGroupLabel, labFoodGroup},
-                                 {labChooseSubGroupLabel, comSubgroup},
-                                 {labDescriptionLabel, txtDescription},
-                                 {labUnitOfMeasureLabel, txtMeasure}};
-    for (int r = 0; r < 4; ++r) {
-        fields->addWidget(rows[r][0], r, 0);
-        fields->addWidget(rows[r][1], r, 1);
-    }
-    fields->setColumnStretch(1, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* button : {btnSaveList, btnCancel, btnHelp})
-        buttons->addWidget(button);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(fields);
-    layout->addLayout(buttons);
-    setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 60);
+    BuildFavoritesForm("Select (or enter) secondary food group", "Enter the description of the food item",
+                       "Enter Unit of measure:", txtMeasure, btnSaveList);
 }
 
 void SaveDishDialog::Form_Activate()

@@ -4,6 +4,7 @@ list(APPEND MODEL_SOURCES
 list(APPEND VIEW_SOURCES
   src/dialogs/AddFoodDialog.cpp
   src/dialogs/CopyFavoritesDialog.cpp
+  src/dialogs/FavoritesDialog.cpp
   src/dialogs/FoodTableDialog.cpp
   src/dialogs/SaveDishDialog.cpp
   src/dialogs/SearchDialog.cpp
