@@ -15,8 +15,10 @@
 #include "core/LineFile.h"
 #include "core/Text.h"
 #include "printing/ReportPrinter.h"
+#include "shell/DesktopIntegration.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
+#include "shell/ProgramFolder.h"
 #include "shell/ProgramWindows.h"
 #include "shell/RealSeams.h"
 #include "shell/Session.h"
@@ -93,9 +95,10 @@ int RunPlatewell(int& argc, char** argv)
     PlatewellApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("Platewell"));
     app.setQuitOnLastWindowClosed(false);  // the program ends in Egress
+    SetDesktopIdentity(app);
 
     Session session;
-    session.programFolder = ExecutableFolder();
+    session.programFolder = ProgramFolder(ExecutableFolder());
     MessageBoxPrompts prompts;
 
     // One program per folder: a second copy would write its files over the
@@ -125,6 +128,12 @@ int RunPlatewell(int& argc, char** argv)
 
     ProgramWindows windows(session, seams, guard);
     QObject::connect(&windows, &ProgramWindows::mainShown, &app, [&](MainWindow* w) { prompts.SetParent(w); });
+    // A document the program was started with (a double click in a file
+    // manager) opens once the main window is up.
+    const QString document = DocumentArgument(app.arguments());
+    if (!document.isEmpty())
+        QObject::connect(&windows, &ProgramWindows::mainShown, &app,
+                         [&, document](MainWindow* w) { guard.Run([&] { OpenDocument(*w, document); }); });
     SplashWindow& splash = windows.CreateSplash();
     splash.adjustSize();
     if (QScreen* screen = QGuiApplication::primaryScreen())

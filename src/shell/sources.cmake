@@ -17,3 +17,5 @@ list(APPEND VIEW_SOURCES
   src/shell/TipWindow.cpp
   src/shell/Twips.cpp
 )
+list(APPEND MODEL_SOURCES src/shell/ProgramFolder.cpp)
+list(APPEND VIEW_SOURCES src/shell/DesktopIntegration.cpp)

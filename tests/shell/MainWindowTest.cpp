@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -26,6 +27,7 @@
 #include "fooddb/DataFile.h"
 #include "foodlist/FoodListPage.h"
 #include "shell/AboutBox.h"
+#include "shell/DesktopIntegration.h"
 #include "shell/HelpTopics.h"
 #include "shell/HelpWindow.h"
 #include "shell/Settings.h"
@@ -51,6 +53,11 @@ Settings Written(const ProgramHarness& program)
     ReadSettingsText(program.folder.Read("pw.ini"), s);
     return s;
 }
+
+// A valid profile, and a day's list on the sample table with that profile.
+const std::string kBob =
+    "NAME:Bob\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:70\r\nWEIGHT:160\r\nSEX: 1 \r\nLIFESTYLE: 0 \r\n";
+const std::string kBobsDay = kBob + "ITEM: 5 \t2\tDairy and Eggs\tCheese\tCheddar\t1 oz\r\n";
 
 // A message as one text, to compare all it shows at once.
 QString Shown(const RecordedMessage& m)
@@ -433,7 +440,9 @@ private slots:
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("QT_QPA_PLATFORM", "offscreen");
         process.setProcessEnvironment(env);
-        process.start(QString::fromStdString(exe), {});
+        // Started as a file manager starts it on a saved list.
+        folder.Write("day.pwl", kBobsDay);
+        process.start(QString::fromStdString(exe), {QString::fromStdString(folder.File("day.pwl"))});
         QVERIFY(process.waitForStarted(10000));
         // The splash hands over after two seconds; give the main window time
         // to load before asking the program to end.
@@ -448,6 +457,51 @@ private slots:
         const auto lines = SplitLines(folder.Read("pw.ini"));
         QCOMPARE(lines.size(), size_t(25));
         QCOMPARE(QString::fromStdString(lines[3]), QStringLiteral("FIRST RUN:False"));
+        QCOMPARE(folder.Read("default.pwp").substr(0, 10), std::string("NAME:Bob\r\n"));  // the list's profile
+    }
+
+    void DocumentsGivenToTheProgramOpenAsTheirCommandsOpenThem()
+    {
+        // The document is the first argument that is not an option.
+        const QString here = QDir::currentPath();
+        const std::pair<QStringList, QString> arguments[] = {
+            {{"platewell"}, ""},
+            {{"platewell", "day.pwl", "other.pwl"}, here + "/day.pwl"},
+            {{"platewell", "--version", "-x", "/lists/../day.pwl"}, "/day.pwl"},
+            {{"platewell", "--", "-day.pwl"}, here + "/-day.pwl"},
+        };
+        for (const auto& [args, document] : arguments)
+            QCOMPARE(DocumentArgument(args), document);
+
+        ProgramHarness program;
+        QVERIFY(Started(program));
+        MainWindow& w = *program.main;
+        auto path = [&](const char* name) { return QString::fromStdString(program.folder.File(name)); };
+        auto* name = w.findChild<QLineEdit*>("txtName");
+
+        // A profile loads as Load Profile loads it: the list's tabs open.
+        program.folder.Write("Bob.PWP", kBob);
+        OpenDocument(w, path("Bob.PWP"));
+        QVERIFY(name->text() == "Bob" && w.tabMain->isTabEnabled(1) && w.windowTitle() == "Platewell");
+        // A list opens as File > Open opens it: its profile, its foods, its
+        // name in the caption, saved.
+        program.folder.Write("day.pwl", "NAME:Ann\r\n" + kBobsDay.substr(10));
+        OpenDocument(w, path("day.pwl"));
+        QVERIFY(name->text() == "Ann" && program.session.foodList.Count() == 1 && program.session.foodList.listSaved);
+        QCOMPARE(w.windowTitle(), "Platewell - " + path("day.pwl"));
+        QVERIFY(program.fakes.prompts.messages.empty());
+
+        // An unsaved list is offered for saving first; a file that is not a
+        // list is reported as File > Open reports it.
+        program.session.foodList.listSaved = false;
+        program.folder.Write("notes.txt", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
+        OpenDocument(w, path("notes.txt"));
+        const auto& shown = program.fakes.prompts.messages;
+        QCOMPARE(shown.size(), size_t(2));
+        QCOMPARE(Shown(shown[0]), Shown({"Do you want to save your foodlist?", "Open Analysis", MsgIcon::Question,
+                                         MsgButtons::YesNo}));
+        QCOMPARE(Shown(shown[1]), Shown({path("notes.txt") + "\r\nis not a valid Platewell\r\n.pwl file.", "Error",
+                                         MsgIcon::Critical, MsgButtons::Ok}));
     }
 
     void TipsFollowOnFromRunToRun()
