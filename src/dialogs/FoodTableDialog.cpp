@@ -8,6 +8,7 @@
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
+#include "foodlist/TierMap.h"
 #include "shell/MainWindow.h"
 #include "shell/Seams.h"
 #include "shell/Session.h"
