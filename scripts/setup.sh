@@ -6,6 +6,8 @@ set -euo pipefail
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core
           qt6-svg-dev desktop-file-utils appstream shared-mime-info)
+# clang with its runtime libraries builds the fuzzers (libFuzzer).
+PACKAGES+=(clang libclang-rt-14-dev)
 
 install_missing() {
     local missing=()
