@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "printing/ReportPrinter.h"
+#include "shell/CommandLine.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
 #include "shell/ProgramWindows.h"
@@ -46,6 +47,11 @@ std::string ExecutableFolder() { return QCoreApplication::applicationDirPath().t
 
 int RunPlatewell(int& argc, char** argv)
 {
+    // Reports made from the command line need no window and no display.
+    CommandLineRequest request;
+    if (const std::optional<int> status = RunWithoutWindow(argc, argv, request))
+        return *status;
+
     PlatewellApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("Platewell"));
     app.setQuitOnLastWindowClosed(false);  // the program ends in Egress
@@ -56,7 +62,7 @@ int RunPlatewell(int& argc, char** argv)
     SystemFileDialogs files;
     SystemHelpDisplay help(prompts);
     SystemClock clock;
-    SystemPrinter printer(files, prompts, QString::fromStdString(session.programFolder));
+    SystemPrinter printer;
     Seams seams{prompts, files, help, clock, printer};
     ErrorGuard guard(session, prompts);
     app.SetGuard(&guard);
