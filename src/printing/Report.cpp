@@ -20,6 +20,11 @@ const char* const kAmountCaptions[kShownNutrients] = {"Calories",         "Prote
 const char* const kPercentCaptions[kShownNutrients] = {"Calories (%DV)",    "Protein (%DV)", "Carbs (%DV)",
                                                        "Fats (%DV)",        "Cholesterol (%DV)", "Fiber (%DV)",
                                                        "Calcium (%DV)",     "Sodium (%DV)"};
+// The same, shorter where a portrait page needs the width for the foods'
+// names.
+const char* const kShortAmountCaptions[kShownNutrients] = {"Calories",      "Protein (g)", "Carbs (g)",
+                                                           "Fats (g)",      "Cholest. (mg)", "Fiber (g)",
+                                                           "Calcium (mg)",  "Sodium (mg)"};
 const char* const kSexNames[kSexOptions] = {"Female", "Male"};
 const char* const kLifestyleNames[kLifestyleOptions] = {"Sedentary", "Light", "Moderate", "Active"};
 constexpr const char* kNoEntry = "(none)";
@@ -83,7 +88,7 @@ ReportTable AnalysisFoods(const FoodList& list)
 {
     ReportTable table;
     table.columns = {{"Qty", ColumnKind::Text}, {"Measure", ColumnKind::Text}, {"Food", ColumnKind::Text}};
-    for (const char* caption : kAmountCaptions)
+    for (const char* caption : kShortAmountCaptions)
         table.columns.push_back({caption, ColumnKind::Number});
     for (int row = 1; row <= list.Count(); ++row) {
         const FoodListEntry& e = list.Entry(row);
