@@ -198,9 +198,6 @@ void PaintNutrientChart(QPainter& painter, const QRectF& rect, const ChartData& 
                                      QPointF(x + dx + fm.height() * 0.2, b.bar.top() - unit));
             }
         }
-        painter.setFont(b.over ? bold : g.font);
-        painter.setPen(kLineColour);
-        painter.drawText(b.valueRect, Qt::AlignLeft | Qt::AlignVCenter, b.valueText);
     }
 
     // The daily value itself: a strong dashed line at 100 %.
@@ -208,6 +205,15 @@ void PaintNutrientChart(QPainter& painter, const QRectF& rect, const ChartData& 
     for (const QRectF& plot : plots) {
         const qreal x100 = plot.left() + plot.width() * 100.0 / g.scalePercent;
         painter.drawLine(QPointF(x100, plot.top() - (g.captions ? fm.height() * 0.2 : 0)), QPointF(x100, plot.bottom()));
+    }
+
+    // The percentages last, over the line.
+    for (const ChartBarGeometry& b : g.bars) {
+        painter.setFont(b.over ? bold : g.font);
+        const QRectF text = QFontMetricsF(painter.font()).boundingRect(b.valueRect, Qt::AlignLeft | Qt::AlignVCenter, b.valueText);
+        painter.fillRect(text, painter.background());
+        painter.setPen(kLineColour);
+        painter.drawText(b.valueRect, Qt::AlignLeft | Qt::AlignVCenter, b.valueText);
     }
     painter.restore();
 }
@@ -241,6 +247,7 @@ QSize NutrientChart::minimumSizeHint() const
 void NutrientChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    painter.setBackground(palette().window());
     const qreal margin = ChartMargin(fontMetrics().height());
     const QRectF area = QRectF(rect()).adjusted(margin, 2, -margin, -2);
     PaintNutrientChart(painter, area, data_, font());

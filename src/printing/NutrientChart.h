@@ -48,6 +48,7 @@ ChartGeometry LayoutNutrientChart(const ChartData& data, const QRectF& rect, con
 qreal NutrientChartHeight(const ChartData& data, const QFont& font);
 
 // Draws the chart; without bars, the message that the profile is needed.
+// The percentages stand on the painter's background, over the 100 % line.
 void PaintNutrientChart(QPainter& painter, const QRectF& rect, const ChartData& data, const QFont& font);
 
 // The widget's room on its left and right for a font's line height; above
