@@ -91,6 +91,19 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
     const QCommandLineOption text(QString::fromLatin1(kExportText),
                                   QStringLiteral("Writes the analysis report of the list as text on standard output."));
     parser.addOptions({help, version, pdf, csv, text});
+    // Qt's own options reach the window untouched; the parser only has to
+    // know them to find the list file among them.
+    for (const char* name : {"platform", "display", "style", "stylesheet", "geometry", "qwindowgeometry",
+                             "qwindowtitle", "qwindowicon", "fontengine", "session", "plugin"}) {
+        QCommandLineOption option(QString::fromLatin1(name), QString(), QStringLiteral("value"));
+        option.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOption(option);
+    }
+    for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync"}) {
+        QCommandLineOption option(QString::fromLatin1(name));
+        option.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOption(option);
+    }
     parser.addPositionalArgument(QStringLiteral("LIST.pwl"), QStringLiteral("A food list and analysis file."));
 
     CommandLineRequest request;

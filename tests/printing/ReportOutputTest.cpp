@@ -16,6 +16,7 @@
 #include "printing/NutrientChart.h"
 #include "printing/ReportCommands.h"
 #include "printing/ReportRenderer.h"
+#include "shell/CommandLine.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -309,6 +310,33 @@ private slots:
         for (QAction* a : menus)
             QVERIFY(!a->isEnabled());
         QCOMPARE(w.chartNutrients->Data().bars.at(0), (ChartBar{"Calories", 0}));
+    }
+
+    void TheCommandLineNamesTheListAndTheExport()
+    {
+        const struct {
+            QStringList arguments;
+            CommandAction action;
+            QString output;
+            QString list;
+        } cases[] = {
+            {{}, CommandAction::Window, {}, {}},
+            {{"day.pwl"}, CommandAction::Window, {}, "day.pwl"},
+            {{"-platform", "offscreen", "-reverse", "day.pwl"}, CommandAction::Window, {}, "day.pwl"},
+            {{"--export-pdf", "o.pdf", "day.pwl"}, CommandAction::ExportPdf, "o.pdf", "day.pwl"},
+            {{"day.pwl", "--export-csv=o.csv"}, CommandAction::ExportCsv, "o.csv", "day.pwl"},
+            {{"--export-text", "day.pwl"}, CommandAction::ExportText, {}, "day.pwl"},
+            {{"--export-text"}, CommandAction::Error, {}, {}},
+            {{"a.pwl", "b.pwl"}, CommandAction::Error, {}, {}},
+            {{"--export-pdf"}, CommandAction::Error, {}, {}},
+            {{"-h"}, CommandAction::Help, {}, {}},
+        };
+        for (const auto& c : cases) {
+            const CommandLineRequest request = ParseCommandLine(QStringList{"platewell"} + c.arguments);
+            QVERIFY2(request.action == c.action, qPrintable(c.arguments.join(' ')));
+            QCOMPARE(request.output, c.output);
+            QCOMPARE(request.listFile, c.list);
+        }
     }
 
     void TheCommandLineExportsWithoutADisplay()
