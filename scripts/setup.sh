@@ -5,7 +5,7 @@ set -euo pipefail
 
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core
-          qt6-svg-dev desktop-file-utils appstream shared-mime-info)
+          qt6-svg-dev desktop-file-utils appstream shared-mime-info poppler-utils)
 # clang with its runtime libraries builds the fuzzers (libFuzzer).
 PACKAGES+=(clang libclang-rt-14-dev)
 

@@ -111,6 +111,7 @@ void AnalysisPage::BuildControls()
     frameLayout->addLayout(personRow);
     frameLayout->addLayout(table);
     frameLayout->addStretch(1);
+    frameLayout_ = frameLayout;
 
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(6, 6, 6, 6);
@@ -161,6 +162,13 @@ void AnalysisPage::UpdateSummary()
     for (int i = 0; i < kShownNutrients; ++i)
         labMDR[i]->setText(
             QString::fromStdString(DailyValueText(static_cast<Nutrient>(i), session_.dailyValues[i])));
+}
+
+void AnalysisPage::AddChart(QWidget* chart)
+{
+    // The chart takes the place of the stretch below the nutrients.
+    delete frameLayout_->takeAt(frameLayout_->count() - 1);
+    frameLayout_->addWidget(chart, 1);
 }
 
 void AnalysisPage::SetDailyIntake(int i, const QString& text)

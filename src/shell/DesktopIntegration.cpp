@@ -16,22 +16,6 @@
 
 namespace pw {
 
-QString DocumentArgument(const QStringList& arguments)
-{
-    bool optionsEnded = false;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (!optionsEnded && argument == QLatin1String("--")) {
-            optionsEnded = true;
-            continue;
-        }
-        if (argument.isEmpty() || (!optionsEnded && argument.startsWith(QLatin1Char('-'))))
-            continue;
-        return QDir::cleanPath(QFileInfo(argument).absoluteFilePath());
-    }
-    return {};
-}
-
 void OpenDocument(MainWindow& window, const QString& path)
 {
     if (path.endsWith(QString::fromLatin1(kProfileExtension), Qt::CaseInsensitive)) {

@@ -14,11 +14,6 @@ class MainWindow;
 // The desktop entry's name, without ".desktop".
 inline constexpr const char* kDesktopFileName = "org.example.platewell";
 
-// The first argument after the program's name that is not an option (every
-// argument after "--" is none), as an absolute path; empty when there is
-// none.
-QString DocumentArgument(const QStringList& arguments);
-
 // Opens path in the main window: a profile file (".pwp", in any case) as the
 // profile tab's Load Profile does once its file is chosen, anything else as
 // File > Open does once its file is chosen, after offering to save an unsaved

@@ -140,4 +140,18 @@ std::string ProgramFolder(const std::string& executableFolder)
     return ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder));
 }
 
+std::string ProgramFolderToRead(const std::string& executableFolder)
+{
+    const ProgramFolderPlaces places = ProgramFolderPlacesFor(executableFolder);
+    const bool installed = !places.deliveredFolder.empty();
+    if (!installed && CanWrite(places.executableFolder))
+        return places.executableFolder;
+    if (!places.dataHome.empty()) {
+        const std::string folder = JoinPath(places.dataHome, kUserFolderName);
+        if (!FindFileNoCase(folder, "data.dat").empty())
+            return folder;
+    }
+    return installed ? places.deliveredFolder : places.executableFolder;
+}
+
 }  // namespace pw

@@ -47,4 +47,9 @@ ProgramFolderPlaces ProgramFolderPlacesFor(const std::string& executableFolder);
 // ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder)).
 std::string ProgramFolder(const std::string& executableFolder);
 
+// The folder whose data.dat a run that writes nothing (a command-line export)
+// reads: the program folder the window would use when it already holds one,
+// else the delivered folder. Creates and copies nothing.
+std::string ProgramFolderToRead(const std::string& executableFolder);
+
 }  // namespace pw

@@ -6,6 +6,7 @@ list(APPEND MODEL_SOURCES
 list(APPEND VIEW_SOURCES
   src/shell/AboutBox.cpp
   src/shell/AppRunner.cpp
+  src/shell/CommandLine.cpp
   src/shell/ErrorGuard.cpp
   src/shell/HelpWindow.cpp
   src/shell/Logo.cpp

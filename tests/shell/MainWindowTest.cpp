@@ -462,17 +462,6 @@ private slots:
 
     void DocumentsGivenToTheProgramOpenAsTheirCommandsOpenThem()
     {
-        // The document is the first argument that is not an option.
-        const QString here = QDir::currentPath();
-        const std::pair<QStringList, QString> arguments[] = {
-            {{"platewell"}, ""},
-            {{"platewell", "day.pwl", "other.pwl"}, here + "/day.pwl"},
-            {{"platewell", "--version", "-x", "/lists/../day.pwl"}, "/day.pwl"},
-            {{"platewell", "--", "-day.pwl"}, here + "/-day.pwl"},
-        };
-        for (const auto& [args, document] : arguments)
-            QCOMPARE(DocumentArgument(args), document);
-
         ProgramHarness program;
         QVERIFY(Started(program));
         MainWindow& w = *program.main;
