@@ -9,6 +9,7 @@
 
 class QGroupBox;
 class QLabel;
+class QPushButton;
 
 namespace pw {
 
@@ -25,6 +26,9 @@ public:
 
     // The caption of labDailyIntake(i), i in 0..7 (Nutrient order).
     void SetDailyIntake(int i, const QString& text);
+
+    // "Help": the main window opens the analysis topic.
+    QPushButton* btnTab3Help = nullptr;
 
 private:
     void BuildControls();

@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
@@ -11,6 +12,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QWidget>
@@ -124,6 +126,9 @@ void MainWindow::BuildMenus()
     mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
     mnuFile->addSeparator();
     mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
+    mnuOpen->setShortcut(QKeySequence::Open);
+    mnuSave->setShortcut(QKeySequence::Save);
+    mnuPrintAnalysis->setShortcut(QKeySequence::Print);
 
     mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
     mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
@@ -218,12 +223,18 @@ void MainWindow::BuildCentre()
                             [this] { return ViewByUnits(); }});
     analysisPage = new AnalysisPage(session_, tabMain);
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
-    tabMain->addTab(foodListPage, QStringLiteral("&Food List"));
+    tabMain->addTab(foodListPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 3); });
+    connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 4); });
+    // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
+    auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(helpKey, &QShortcut::activated, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 2 + std::clamp(tabMain->currentIndex(), 0, 2)); });
 
     gridMain = new QTableWidget(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
