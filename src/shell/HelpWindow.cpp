@@ -247,7 +247,8 @@ QString HelpWindow::SearchResultsHtml(const QString& query) const
         html += QStringLiteral("<p>No topic holds all of these words. Try fewer words, or a shorter form of a word "
                                "(<i>measure</i> also finds <i>measures</i>).</p>");
     } else {
-        html += QStringLiteral("<p>%1 topics hold all of these words:</p><ul>").arg(found.size());
+        html += found.size() == 1 ? QStringLiteral("<p>1 topic holds all of these words:</p><ul>")
+                                  : QStringLiteral("<p>%1 topics hold all of these words:</p><ul>").arg(found.size());
         for (int p : found) {
             const HelpPage& page = book_.pages[std::size_t(p)];
             QUrl link;
