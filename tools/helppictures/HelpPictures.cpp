@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStandardPaths>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -229,7 +230,19 @@ int main(int argc, char** argv)
 
     main->mnuAddCustomItem->trigger();
     if (AddFoodDialog* add = main->frmAdd) {
-        add->comPrimary->setCurrentIndex(add->comPrimary->findText(QStringLiteral("Snacks")));
+        // Filled in as a person would fill it from a package's label.
+        const int snacks = add->comPrimary->findText(QStringLiteral("Snacks"));
+        add->comPrimary->setCurrentIndex(snacks);
+        emit add->comPrimary->activated(snacks);
+        add->comSecondary->setEditText(QStringLiteral("Granola bars"));
+        emit add->comSecondary->lineEdit()->textEdited(add->comSecondary->currentText());
+        add->txtDescription->setText(QStringLiteral("Oat and honey, store brand"));
+        add->txtMeasure->setText(QStringLiteral("1 bar (40 g)"));
+        const char* const label[] = {"4", "29", "6", "0", "2", "10", "8"};
+        for (std::size_t i = 0; i < add->txtNutrVal.size() && i < std::size(label); ++i)
+            add->txtNutrVal[i]->setText(QString::fromLatin1(label[i]));
+        add->optDV[5]->click();
+        add->optDV[6]->click();
         pictures.Save(add, "addcustom.png");
         add->reject();
     }
@@ -247,6 +260,7 @@ int main(int argc, char** argv)
     main->mnuCopyToFavorites->trigger();
     if (CopyFavoritesDialog* copy = main->frmCopy) {
         copy->comSubgroup->setEditText(QStringLiteral("Snacks"));
+        copy->txtDescription->setText(QStringLiteral("Banana"));
         pictures.Save(copy, "copyfavorites.png");
         copy->reject();
     }
