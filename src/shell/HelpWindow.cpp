@@ -218,9 +218,17 @@ void HelpWindow::FollowLink(const QUrl& url)
         QDesktopServices::openUrl(url);
         return;
     }
-    // "#anchor" within the file, or help:<page> from the search results.
+    // "#anchor" within the file, or help:<page>?find=<words> from the search
+    // results, which opens the page at the first of the words found.
     const QString anchor = url.hasFragment() ? url.fragment() : url.path();
-    ShowAnchor(anchor);
+    if (!ShowAnchor(anchor))
+        return;
+    const QString words = QUrlQuery(url).queryItemValue(QStringLiteral("find"), QUrl::FullyDecoded);
+    const QString first = words.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty);
+    if (!first.isEmpty()) {
+        browser->moveCursor(QTextCursor::Start);
+        browser->find(first);
+    }
 }
 
 QString HelpWindow::PageHtml(const QUrl& url) const
@@ -254,6 +262,9 @@ QString HelpWindow::SearchResultsHtml(const QString& query) const
             QUrl link;
             link.setScheme(kScheme);
             link.setPath(FromLatin1(page.name));
+            QUrlQuery find;
+            find.addQueryItem(QStringLiteral("find"), query);
+            link.setQuery(find);
             html += QStringLiteral("<li><a href=\"%1\">%2</a></li>")
                         .arg(link.toString(), FromLatin1(page.title).toHtmlEscaped());
         }

@@ -654,8 +654,9 @@ private slots:
             QVERIFY(results.contains("Entering quantities"));
             QVERIFY(!results.contains("Index"));
             QVERIFY(results.count('\n') < 12);  // a few pages, not every one
-            emit window.browser->anchorClicked(QUrl(QStringLiteral("help:quantities")));
+            emit window.browser->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
+            QCOMPARE(window.browser->textCursor().selectedText().toLower(), QStringLiteral("dash"));
             window.btnBack->click();
             QVERIFY(window.browser->toPlainText().contains("Entering quantities"));  // the results again
             window.Search(QStringLiteral("zebra\u4e00"));
