@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "analysis/DailyValues.h"
@@ -116,6 +117,12 @@ void AnalysisPage::BuildControls()
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(6, 6, 6, 6);
     page->addWidget(frameAnalysis);
+    btnTab3Help = new QPushButton(QStringLiteral("Help"), this);
+    btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
+    auto* helpRow = new QHBoxLayout;
+    helpRow->addStretch(1);
+    helpRow->addWidget(btnTab3Help);
+    page->addLayout(helpRow);
 
     // Nothing to show before the first valid profile.
     for (QWidget* w : {static_cast<QWidget*>(frameAnalysis), static_cast<QWidget*>(labAge),

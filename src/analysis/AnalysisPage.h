@@ -10,6 +10,7 @@
 class QGroupBox;
 class QLabel;
 class QVBoxLayout;
+class QPushButton;
 
 namespace pw {
 
@@ -29,6 +30,8 @@ public:
 
     // Puts a chart under the nutrients, taking the frame's free height.
     void AddChart(QWidget* chart);
+    // "Help": the main window opens the analysis topic.
+    QPushButton* btnTab3Help = nullptr;
 
 private:
     void BuildControls();

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QShowEvent>
 
 #include "fooddb/FoodEditing.h"
@@ -18,6 +19,8 @@ namespace pw {
 FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent)
     : QDialog(parent), session_(session), seams_(seams), main_(main), helpContext_(helpContext)
 {
+    // F1 opens the dialog's topic, as its Help button does.
+    new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
 }
 
 void FoodTableDialog::reject()

@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QActionGroup>
 #include <QApplication>
 #include <QScreen>
@@ -12,6 +13,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QWidget>
@@ -130,6 +132,9 @@ void MainWindow::BuildMenus()
     mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Export as &CSV...");
     mnuFile->addSeparator();
     mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
+    mnuOpen->setShortcut(QKeySequence::Open);
+    mnuSave->setShortcut(QKeySequence::Save);
+    mnuPrintAnalysis->setShortcut(QKeySequence::Print);
 
     mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
     mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
@@ -231,12 +236,18 @@ void MainWindow::BuildCentre()
     reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
                                                 QString::fromStdString(session_.programFolder));
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
-    tabMain->addTab(foodListPage, QStringLiteral("&Food List"));
+    tabMain->addTab(foodListPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 3); });
+    connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 4); });
+    // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
+    auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(helpKey, &QShortcut::activated, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 2 + std::clamp(tabMain->currentIndex(), 0, 2)); });
 
     gridMain = new QTableWidget(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
