@@ -27,6 +27,7 @@
 #include "core/Text.h"
 #include "dialogs/AddFoodDialog.h"
 #include "dialogs/CopyFavoritesDialog.h"
+#include "FakeSeams.h"
 #include "dialogs/SaveDishDialog.h"
 #include "dialogs/SearchDialog.h"
 #include "foodlist/FoodListPage.h"
@@ -42,37 +43,6 @@
 using namespace pw;
 
 namespace {
-
-// Seams that never wait for a person: questions are answered No, file
-// dialogs cancelled, help and printing do nothing.
-class QuietPrompts : public Prompts {
-public:
-    using Prompts::Message;
-    MsgResult Message(const QString& text, const QString&, MsgIcon, MsgButtons buttons) override
-    {
-        std::fprintf(stderr, "message: %s\n", text.toLocal8Bit().constData());
-        return buttons == MsgButtons::Ok ? MsgResult::Ok : MsgResult::No;
-    }
-    void Beep() override {}
-};
-class NoFileDialogs : public FileDialogs {
-public:
-    std::optional<QString> OpenFile(const FileDialogRequest&) override { return std::nullopt; }
-    std::optional<QString> SaveFile(const FileDialogRequest&) override { return std::nullopt; }
-};
-class NoHelp : public HelpDisplay {
-public:
-    void ShowHelp(const QString&, int, std::optional<int>) override {}
-    bool OpenWebPage(const QString&) override { return false; }
-};
-class YearClock : public Clock {
-public:
-    int CurrentYear() const override { return 2026; }
-};
-class NoPrinter : public Printer {
-public:
-    bool Print(const QString&, const QString&) override { return false; }
-};
 
 bool Copy(const QString& from, const QString& to)
 {
@@ -162,15 +132,13 @@ int main(int argc, char** argv)
     Write(program.filePath(QStringLiteral("default.pwp")),
           "NAME:Ann Miller\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:138\r\nSEX: 0 \r\nLIFESTYLE: 2 \r\n");
 
-    QuietPrompts prompts;
-    NoFileDialogs files;
-    NoHelp help;
-    YearClock clock;
-    NoPrinter printer;
-    Seams seams{prompts, files, help, clock, printer};
+    // Seams that never wait for a person: questions are answered No, file
+    // dialogs cancelled, help and printing recorded and dropped.
+    pw::test::FakeSeams fakes;
+    Seams& seams = fakes.seams;
     Session session;
     session.programFolder = QFile::encodeName(folder.path()).toStdString();
-    ErrorGuard guard(session, prompts);
+    ErrorGuard guard(session, fakes.prompts);
     ProgramWindows windows(session, seams, guard);
     if (!windows.LoadSplash())
         return 1;
