@@ -82,12 +82,6 @@ QString NotAProfileFile(const QString& path)
 
 QString Q(const std::string& path) { return QString::fromStdString(path); }
 
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
-
 QString LabelText(const QWidget& root, const QString& name)
 {
     auto* label = root.findChild<QLabel*>(name);
@@ -117,8 +111,7 @@ private slots:
     void TheTabsShowTheirCaptionsAndOpenForAValidProfile()
     {
         ProgramHarness program;
-        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        QVERIFY(program.Start());
+        program.StartOn(DataFileBytes(SampleTable()), {});
         MainWindow& w = *program.main;
         // Name, caption (or title) and tooltip, on the profile and the
         // analysis tabs.

@@ -31,12 +31,6 @@ const QString kCategoryEmpty = QStringLiteral(
     "Adding your favorite foods, dishes\r\nand meals to the Favorites category\r\n"
     "is the most useful part of this program.\r\n\r\nWould you like help with this feature now?\r\n");
 
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
-
 // The sample table with a food in Favorites beside its empty subgroup, a
 // food of 5 g protein and a second, empty group.
 FoodTable ChooserTable()

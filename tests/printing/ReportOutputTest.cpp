@@ -251,9 +251,8 @@ private slots:
     void TheFileMenuPrintsPreviewsAndExportsTheReports()
     {
         ProgramHarness h;
-        WriteProgramFolder(h.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        h.StartOn(DataFileBytes(SampleTable()), {});
         h.folder.Write("day.pwl", kDay);
-        QVERIFY(h.Start());
         MainWindow& w = *h.main;
         const auto menus = {w.mnuPrintPreview, w.mnuExportPdf, w.mnuExportCsv, w.mnuList, w.mnuPrintAnalysis};
         for (QAction* a : menus)

@@ -64,12 +64,6 @@ const std::string kBob =
     "NAME:Bob\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:70\r\nWEIGHT:160\r\nSEX: 1 \r\nLIFESTYLE: 0 \r\n";
 const std::string kBobsDay = kBob + "ITEM: 5 \t2\tDairy and Eggs\tCheese\tCheddar\t1 oz\r\n";
 
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
-
 // Starts a program whose pw.ini turns tips on at the given tip, and stops at
 // the tip window.
 bool StartAtTips(ProgramHarness& program, int currentTip, const std::string& tips)
