@@ -329,7 +329,7 @@ private slots:
         QCOMPARE(int(p.Messages().size()), 1);
     }
 
-    void NewProfileEmptiesTheEntries()
+    void NewProfileEmptiesTheEntriesAndHelpOpensTheTopic()
     {
         Page p;
         p.TypeValidProfile();
@@ -342,11 +342,7 @@ private slots:
         QVERIFY(!p.Get("btnSaveProfile")->isEnabled());
         QVERIFY(p.Option("optSex1")->isChecked());
         QVERIFY(p.Messages().empty());
-    }
 
-    void HelpOpensTheProfileTopic()
-    {
-        Page p;
         p.Get<QPushButton>("btnTab1Help")->click();
         QCOMPARE(p.fakes.help.calls.size(), size_t(1));
         QCOMPARE(p.fakes.help.calls[0].file, Q(p.folder.File("Pw.hlp")));
@@ -429,7 +425,7 @@ private slots:
         QVERIFY(p.Messages().empty());
     }
 
-    void LoadingKeepsTheFormatsQuirks()
+    void LoadingKeepsTheFormatsQuirksAndRefusesWhatIsNoProfile()
     {
         Page p;
         p.TypeValidProfile();
@@ -456,12 +452,11 @@ private slots:
         QVERIFY(p.page->ReadPWP(Q(p.folder.File("short.pwp"))));
         QVERIFY(!p.folder.Exists("default.pwp"));
         QVERIFY(p.Messages().empty());
-    }
 
-    void NotAProfileFileGetsTheMessage()
-    {
-        Page p;
+        // A file that is not a profile, after a valid profile again.
+        p.Get<QPushButton>("btnNewProfile")->click();
         p.TypeValidProfile();
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
         p.folder.Write("default.pwp", "x");
         const qsizetype validations = p.validated->size();
 
@@ -557,16 +552,10 @@ private slots:
             }
             for (const QString& name : SummaryLabels())
                 QVERIFY2(page.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
+            // Eight daily-intake slots only (their texts are checked with the list's totals).
+            QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, QStringLiteral("x")));
+            QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, QStringLiteral("x")));
         }
-    }
-
-    void DailyIntakeSlotsAreEightOnly()
-    {
-        // The slots' texts are checked with the food list's totals.
-        Session session;
-        AnalysisPage page(session);
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, QStringLiteral("x")));
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, QStringLiteral("x")));
     }
 };
 
