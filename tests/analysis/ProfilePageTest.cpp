@@ -108,7 +108,7 @@ class ProfilePageTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void TheTabsShowTheirCaptionsAndOpenForAValidProfile()
+    void TheTabsShowTheirCaptionsOpenForAValidProfileAndAnOverflowEndsTheProgram()
     {
         ProgramHarness program;
         program.StartOn(DataFileBytes(SampleTable()), {});
@@ -185,6 +185,17 @@ private slots:
         QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
         QCOMPARE(LabelText(w, "labMDR0"), QStringLiteral("1400"));
         QVERIFY(program.fakes.prompts.messages.empty());
+
+        // A weight beyond the range of a single-precision number is a
+        // run-time error that ends the program without writing a file.
+        FolderWatch watch(program.folder.Path());
+        weight->clear();
+        QTest::keyClicks(weight, "1" + QString(39, '0'));
+        QVERIFY(program.guard.Failed());
+        QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
+        QVERIFY(program.fakes.prompts.messages[0].text.startsWith("Run-time error '6':\r\n\r\nOverflow"));
+        w.close();
+        QVERIFY(watch.Written().empty());
     }
 
     void TypingAProfileKeyByKeyMakesItValid()

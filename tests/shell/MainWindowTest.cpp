@@ -398,23 +398,6 @@ private slots:
         QVERIFY(watch.Written().empty());
     }
 
-    void RunTimeErrorInATabsHandlerEndsTheProgram()
-    {
-        ProgramHarness program;
-        QVERIFY(Started(program));
-        FolderWatch watch(program.folder.Path());
-        MainWindow& w = *program.main;
-        QTest::keyClicks(w.findChild<QLineEdit*>("txtYOB"), "62");
-        QTest::keyClicks(w.findChild<QLineEdit*>("txtHeight"), "64");
-        // A weight beyond the range of a single-precision number.
-        QTest::keyClicks(w.findChild<QLineEdit*>("txtWeight"), "1" + QString(39, '0'));
-        QVERIFY(program.guard.Failed());
-        QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
-        QVERIFY(program.fakes.prompts.messages[0].text.startsWith("Run-time error '6':\r\n\r\nOverflow"));
-        w.close();
-        QVERIFY(watch.Written().empty());
-    }
-
     void TheProgramEndsThroughEgressOnSigterm()
     {
         // The real executable, copied into a program folder of its own.
