@@ -62,11 +62,8 @@ struct Program {
     QStringList Tiers() const
     {
         QStringList s;
-        for (QComboBox* combo : {page().comTier0, page().comTier1, page().comTier2, page().comTier3}) {
-            for (int i = 0; i < combo->count(); ++i)
-                s << combo->itemText(i);
-            s << QString::number(combo->currentIndex()) << QString::number(combo->isEnabled());
-        }
+        for (QComboBox* combo : {page().comTier0, page().comTier1, page().comTier2, page().comTier3})
+            s << ComboItems(combo) << QString::number(combo->currentIndex()) << QString::number(combo->isEnabled());
         return s;
     }
     const std::vector<RecordedMessage>& Messages() const { return h.fakes.prompts.messages; }

@@ -90,14 +90,7 @@ struct Chooser {
         QTest::keyRelease(page->comQuantity, Qt::Key_End);
     }
     bool On(QWidget* w) const { return w->isEnabledTo(page.get()); }
-    static QStringList Items(const QComboBox* combo)
-    {
-        QStringList items;
-        for (int i = 0; i < combo->count(); ++i)
-            items << combo->itemText(i);
-        return items;
-    }
-    QStringList Items(int tier) const { return Items(Tier(tier)); }
+    QStringList Items(int tier) const { return ComboItems(Tier(tier)); }
     QStringList Values() const
     {
         QStringList values;
@@ -119,7 +112,7 @@ struct Chooser {
             else if (auto* button = qobject_cast<QPushButton*>(w))
                 s << button->text();
             else if (auto* combo = qobject_cast<QComboBox*>(w))
-                s << Items(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
+                s << ComboItems(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
         }
         for (int k = 0; k < 4 * 12; ++k)
             s << QString::number(session.tierMap.Get(k % 12, k / 12));

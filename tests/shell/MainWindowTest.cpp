@@ -162,12 +162,8 @@ private slots:
         QVERIFY(tabs && tabs->count() == 3);
         QVERIFY(tabs->isTabEnabled(0) && !tabs->isTabEnabled(1) && !tabs->isTabEnabled(2));
 
-        auto* groups = w.findChild<QComboBox*>("comTier0");
-        QStringList listed;
-        for (int i = 0; i < groups->count(); ++i)
-            listed << groups->itemText(i);
-        QCOMPARE(listed, QStringList({"Bakery and Grains", "Beverages", "Dairy and Eggs", "Favorites", "Fruits",
-                                      "Vegetables"}));
+        QCOMPARE(ComboItems(w.findChild<QComboBox*>("comTier0")),
+                 QStringList({"Bakery and Grains", "Beverages", "Dairy and Eggs", "Favorites", "Fruits", "Vegetables"}));
 
         auto* quantity = w.findChild<QComboBox*>("comQuantity");
         QCOMPARE(quantity->count(), 17);

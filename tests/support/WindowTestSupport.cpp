@@ -42,6 +42,14 @@ void ProgramHarness::StartOn(const std::string& dataBytes, const std::string& de
         qFatal("the program did not start");
 }
 
+QStringList ComboItems(const QComboBox* combo)
+{
+    QStringList items;
+    for (int i = 0; i < combo->count(); ++i)
+        items << combo->itemText(i);
+    return items;
+}
+
 void ChooseFood(FoodListPage& page, const QStringList& tiers)
 {
     page.btnNewItem->click();

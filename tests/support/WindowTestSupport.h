@@ -15,6 +15,8 @@
 #include "shell/Session.h"
 #include "shell/SplashWindow.h"
 
+class QComboBox;
+
 namespace pw::test {
 
 // pw.ini text that skips the first-run offer and the tips.
@@ -24,6 +26,9 @@ std::string QuietSettings(const std::string& extraLines = {});
 // sedentary.
 inline const std::string kAnnProfile =
     "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
+
+// The texts a combo box lists, in order.
+QStringList ComboItems(const QComboBox* combo);
 
 // New Item, then the four tiers picked from their lists as the user picks
 // them (a single measure comes with its description).
