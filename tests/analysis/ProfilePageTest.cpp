@@ -82,12 +82,6 @@ QString NotAProfileFile(const QString& path)
 
 QString Q(const std::string& path) { return QString::fromStdString(path); }
 
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
-
 QString LabelText(const QWidget& root, const QString& name)
 {
     auto* label = root.findChild<QLabel*>(name);
@@ -114,11 +108,10 @@ class ProfilePageTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void TheTabsShowTheirCaptionsAndOpenForAValidProfile()
+    void TheTabsShowTheirCaptionsOpenForAValidProfileAndAnOverflowEndsTheProgram()
     {
         ProgramHarness program;
-        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        QVERIFY(program.Start());
+        program.StartOn(DataFileBytes(SampleTable()), {});
         MainWindow& w = *program.main;
         // Name, caption (or title) and tooltip, on the profile and the
         // analysis tabs.
@@ -192,6 +185,17 @@ private slots:
         QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
         QCOMPARE(LabelText(w, "labMDR0"), QStringLiteral("1400"));
         QVERIFY(program.fakes.prompts.messages.empty());
+
+        // A weight beyond the range of a single-precision number is a
+        // run-time error that ends the program without writing a file.
+        FolderWatch watch(program.folder.Path());
+        weight->clear();
+        QTest::keyClicks(weight, "1" + QString(39, '0'));
+        QVERIFY(program.guard.Failed());
+        QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
+        QVERIFY(program.fakes.prompts.messages[0].text.startsWith("Run-time error '6':\r\n\r\nOverflow"));
+        w.close();
+        QVERIFY(watch.Written().empty());
     }
 
     void TypingAProfileKeyByKeyMakesItValid()
@@ -336,7 +340,7 @@ private slots:
         QCOMPARE(int(p.Messages().size()), 1);
     }
 
-    void NewProfileEmptiesTheEntries()
+    void NewProfileEmptiesTheEntriesAndHelpOpensTheTopic()
     {
         Page p;
         p.TypeValidProfile();
@@ -349,11 +353,7 @@ private slots:
         QVERIFY(!p.Get("btnSaveProfile")->isEnabled());
         QVERIFY(p.Option("optSex1")->isChecked());
         QVERIFY(p.Messages().empty());
-    }
 
-    void HelpOpensTheProfileTopic()
-    {
-        Page p;
         p.Get<QPushButton>("btnTab1Help")->click();
         QCOMPARE(p.fakes.help.calls.size(), size_t(1));
         QCOMPARE(p.fakes.help.calls[0].file, Q(p.folder.File("Pw.hlp")));
@@ -436,7 +436,7 @@ private slots:
         QVERIFY(p.Messages().empty());
     }
 
-    void LoadingKeepsTheFormatsQuirks()
+    void LoadingKeepsTheFormatsQuirksAndRefusesWhatIsNoProfile()
     {
         Page p;
         p.TypeValidProfile();
@@ -463,12 +463,11 @@ private slots:
         QVERIFY(p.page->ReadPWP(Q(p.folder.File("short.pwp"))));
         QVERIFY(!p.folder.Exists("default.pwp"));
         QVERIFY(p.Messages().empty());
-    }
 
-    void NotAProfileFileGetsTheMessage()
-    {
-        Page p;
+        // A file that is not a profile, after a valid profile again.
+        p.Get<QPushButton>("btnNewProfile")->click();
         p.TypeValidProfile();
+        QCOMPARE(p.LastValidity(), std::optional<bool>(true));
         p.folder.Write("default.pwp", "x");
         const qsizetype validations = p.validated->size();
 
@@ -564,16 +563,10 @@ private slots:
             }
             for (const QString& name : SummaryLabels())
                 QVERIFY2(page.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
+            // Eight daily-intake slots only (their texts are checked with the list's totals).
+            QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, QStringLiteral("x")));
+            QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, QStringLiteral("x")));
         }
-    }
-
-    void DailyIntakeSlotsAreEightOnly()
-    {
-        // The slots' texts are checked with the food list's totals.
-        Session session;
-        AnalysisPage page(session);
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, QStringLiteral("x")));
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, QStringLiteral("x")));
     }
 };
 

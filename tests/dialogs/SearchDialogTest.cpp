@@ -26,11 +26,7 @@ struct Program {
         FoodTable table = SampleTable();
         for (int n = 0; n < 205; ++n)
             table.Append(Food("Vegetables", "Zucchini", "Zucchini " + std::to_string(1000 + n), "1 cup", 1, 4, 0));
-        WriteProgramFolder(h.folder.Path(), DataFileBytes(table), QuietSettings());
-        h.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\n"
-                                      "SEX: 0 \r\nLIFESTYLE: 0 \r\n");
-        if (!h.Start())
-            qFatal("the program did not start");
+        h.StartOn(DataFileBytes(table));
         page().btnNewItem->click();
         page().btnSearch->click();
     }
@@ -66,11 +62,8 @@ struct Program {
     QStringList Tiers() const
     {
         QStringList s;
-        for (QComboBox* combo : {page().comTier0, page().comTier1, page().comTier2, page().comTier3}) {
-            for (int i = 0; i < combo->count(); ++i)
-                s << combo->itemText(i);
-            s << QString::number(combo->currentIndex()) << QString::number(combo->isEnabled());
-        }
+        for (QComboBox* combo : {page().comTier0, page().comTier1, page().comTier2, page().comTier3})
+            s << ComboItems(combo) << QString::number(combo->currentIndex()) << QString::number(combo->isEnabled());
         return s;
     }
     const std::vector<RecordedMessage>& Messages() const { return h.fakes.prompts.messages; }

@@ -1,4 +1,3 @@
-#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +9,7 @@
 #include "TempFolder.h"
 #include "WindowTestSupport.h"
 #include "core/LineFile.h"
+#include "fooddb/DataFile.h"
 #include "foodlist/FoodListPage.h"
 #include "shell/Session.h"
 
@@ -30,12 +30,6 @@ const QString kCategoryEmpty = QStringLiteral(
     "There are no items in this category\r\nbecause you have not yet added\r\nanything to this category.\r\n\r\n"
     "Adding your favorite foods, dishes\r\nand meals to the Favorites category\r\n"
     "is the most useful part of this program.\r\n\r\nWould you like help with this feature now?\r\n");
-
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
 
 // The sample table with a food in Favorites beside its empty subgroup, a
 // food of 5 g protein and a second, empty group.
@@ -96,14 +90,7 @@ struct Chooser {
         QTest::keyRelease(page->comQuantity, Qt::Key_End);
     }
     bool On(QWidget* w) const { return w->isEnabledTo(page.get()); }
-    static QStringList Items(const QComboBox* combo)
-    {
-        QStringList items;
-        for (int i = 0; i < combo->count(); ++i)
-            items << combo->itemText(i);
-        return items;
-    }
-    QStringList Items(int tier) const { return Items(Tier(tier)); }
+    QStringList Items(int tier) const { return ComboItems(Tier(tier)); }
     QStringList Values() const
     {
         QStringList values;
@@ -125,7 +112,7 @@ struct Chooser {
             else if (auto* button = qobject_cast<QPushButton*>(w))
                 s << button->text();
             else if (auto* combo = qobject_cast<QComboBox*>(w))
-                s << Items(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
+                s << ComboItems(combo).join('|') << combo->currentText() << QString::number(combo->currentIndex());
         }
         for (int k = 0; k < 4 * 12; ++k)
             s << QString::number(session.tierMap.Get(k % 12, k / 12));
@@ -442,54 +429,45 @@ private slots:
     // descriptions and measures to a food with its nutrients.
     void EveryDeliveredGroupsFirstFoodShowsItsNutrients()
     {
-        auto pick = [](QComboBox* combo, int index) {
-            combo->setCurrentIndex(index);
-            emit combo->activated(index);
-        };
-        ProgramHarness program;
-        WriteProgramFolder(program.folder.Path(), ReadWholeFile(PLATEWELL_DELIVERED_DATA), QuietSettings());
-        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:130\r\n"
-                                            "SEX: 0 \r\nLIFESTYLE: 2 \r\n");
-        QVERIFY(program.Start());
-        QVERIFY(program.fakes.prompts.messages.empty());
-        const FoodTable& table = program.session.foodTable;
-        MainWindow& w = *program.main;
-        FoodListPage& page = *w.foodListPage;
+        FoodTable delivered;
+        QVERIFY(LoadDatabaseHeader(ReadWholeFile(PLATEWELL_DELIVERED_DATA), delivered) == HeaderResult::Ok);
+        LoadDatabaseRecords(delivered);
+        Chooser c(std::move(delivered));
+        const FoodTable& table = c.session.foodTable;
+        FoodListPage& page = *c.page;
         QVERIFY(page.comTier0->count() >= 16);
 
         int foodsShown = 0;
         for (int g = 0; g < page.comTier0->count(); ++g) {
             const QString group = page.comTier0->itemText(g);
             page.btnNewItem->click();
-            pick(page.comTier0, g);
+            c.Pick(0, group);
             QVERIFY2(page.comTier1->count() > 0, qPrintable(group));
-            pick(page.comTier1, 0);
+            c.Pick(1, page.comTier1->itemText(0));
             if (page.comTier2->count() == 0) {
                 QCOMPARE(group, QStringLiteral("Favorites"));  // the only group kept empty
                 continue;
             }
-            pick(page.comTier2, 0);
+            c.Pick(2, page.comTier2->itemText(0));
             QVERIFY2(page.comTier3->count() > 0, qPrintable(group));
             if (page.comTier3->count() > 1) {
                 QVERIFY(!page.comQuantity->isEnabled() && page.labNutrVal[0]->text().isEmpty());
-                pick(page.comTier3, 0);
+                c.Pick(3, page.comTier3->itemText(0));
             }
 
-            const int food = program.session.chooser.currentFood;
-            QCOMPARE(QString::fromLatin1(table.Group(food)), group);
-            QCOMPARE(QString::fromLatin1(table.Subgroup(food)), page.comTier1->currentText());
-            QCOMPARE(QString::fromLatin1(table.Description(food)), page.comTier2->currentText());
-            QCOMPARE(QString::fromLatin1(table.Measure(food)), page.comTier3->currentText());
+            const int food = c.session.chooser.currentFood;
+            const QStringList texts = {QString::fromLatin1(table.Group(food)), QString::fromLatin1(table.Subgroup(food)),
+                                       QString::fromLatin1(table.Description(food)), QString::fromLatin1(table.Measure(food))};
+            for (int t = 0; t < 4; ++t)
+                QCOMPARE(c.Tier(t)->currentText(), texts[t]);
             // One of the food's measures: the values as the table holds them.
             for (int i = 0; i < kShownNutrients; ++i)
                 QCOMPARE(page.labNutrVal[i]->text(), QString::number(table.Value(food, Nutrient(i))));
-            QVERIFY(page.btnAcceptItem->isEnabled());
-            QVERIFY(w.findChild<QAction*>("mnuCopyToFavorites")->isEnabled());
-            QVERIFY(w.findChild<QAction*>("mnuDeleteFromDatabase")->isEnabled());
+            QVERIFY(c.On(page.btnAcceptItem) && c.copyToFavorites && c.deleteFromDatabase);
             ++foodsShown;
         }
         QVERIFY(foodsShown >= 15);
-        QCOMPARE(program.fakes.prompts.messages.size(), size_t(page.comTier0->count() - foodsShown));
+        QCOMPARE(c.Messages().size(), size_t(page.comTier0->count() - foodsShown));
     }
 };
 

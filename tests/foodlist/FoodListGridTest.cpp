@@ -36,26 +36,13 @@ const QStringList kButterCells = {"2-1/2", "1 tbsp", "Dairy and Eggs", "Butter",
 const QStringList kCheddarCells = {" 1", "1 oz", "Dairy and Eggs", "Cheese", "Cheddar", "109", "7 g",
                                    "0 g", "9 g", "30 mg",          "0 g",    "204 mg",  "176 mg"};
 
-// 119 lb, female, sedentary: daily values 1666 kcal, 50 g protein, 240 g
+// Ann, 119 lb, female, sedentary: daily values 1666 kcal, 50 g protein, 240 g
 // carbs, 56 g fats, 250 mg cholesterol, 21 g fiber, 666 mg calcium, 1978 mg
 // sodium.
-const std::string kAnn =
-    "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
-
-// A message as one text, to compare all it shows at once.
-QString Shown(const RecordedMessage& m)
-{
-    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
-}
+const std::string& kAnn = kAnnProfile;
 
 struct Program {
-    Program()
-    {
-        WriteProgramFolder(h.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
-        h.folder.Write("default.pwp", kAnn);
-        if (!h.Start())
-            qFatal("the program did not start");
-    }
+    Program() { h.StartOn(DataFileBytes(SampleTable())); }
     FoodListPage& page() const { return *h.main->foodListPage; }
     QTableWidget& grid() const { return *h.main->gridMain; }
     FoodList& list() { return h.session.foodList; }
@@ -70,19 +57,10 @@ struct Program {
         h.main->findChild<QAction*>(action)->trigger();
     }
 
-    // New Item, the tiers and the quantity as the user picks and types
-    // them, and Accept.
+    // The food chosen, its quantity typed, and Accept.
     void Add(const ListFood& food) const
     {
-        page().btnNewItem->click();
-        QComboBox* tiers[] = {page().comTier0, page().comTier1, page().comTier2, page().comTier3};
-        for (int t = 0; t < 4; ++t) {
-            const int i = tiers[t]->findText(food.tiers[t]);
-            if (tiers[t]->currentIndex() != i) {  // a single measure comes with its description
-                tiers[t]->setCurrentIndex(i);
-                emit tiers[t]->activated(i);
-            }
-        }
+        ChooseFood(page(), food.tiers);
         EnterQuantity(food.quantity);
         page().btnAcceptItem->click();
     }

@@ -18,6 +18,12 @@ struct RecordedMessage {
     MsgButtons buttons;
 };
 
+// A message as one text, to compare all it shows at once.
+inline QString Shown(const RecordedMessage& m)
+{
+    return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
+}
+
 class RecordingPrompts : public Prompts {
 public:
     using Prompts::Message;

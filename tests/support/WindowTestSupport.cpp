@@ -1,10 +1,13 @@
 #include "WindowTestSupport.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QPushButton>
 #include <fcntl.h>
 #include <sys/inotify.h>
 #include <unistd.h>
+
+#include "Fixtures.h"
 
 namespace pw::test {
 
@@ -27,6 +30,37 @@ bool ProgramHarness::Start()
     if (tip && !main)
         tip->cmdOK->click();
     return main != nullptr && !guard.Failed();
+}
+
+void ProgramHarness::StartOn(const std::string& dataBytes, const std::string& defaultProfile,
+                             const std::string& settings)
+{
+    WriteProgramFolder(folder.Path(), dataBytes, settings);
+    if (!defaultProfile.empty())
+        folder.Write("default.pwp", defaultProfile);
+    if (!Start())
+        qFatal("the program did not start");
+}
+
+QStringList ComboItems(const QComboBox* combo)
+{
+    QStringList items;
+    for (int i = 0; i < combo->count(); ++i)
+        items << combo->itemText(i);
+    return items;
+}
+
+void ChooseFood(FoodListPage& page, const QStringList& tiers)
+{
+    page.btnNewItem->click();
+    QComboBox* combos[] = {page.comTier0, page.comTier1, page.comTier2, page.comTier3};
+    for (int t = 0; t < 4; ++t) {
+        const int i = combos[t]->findText(tiers[t]);
+        if (combos[t]->currentIndex() != i) {
+            combos[t]->setCurrentIndex(i);
+            emit combos[t]->activated(i);
+        }
+    }
 }
 
 FolderWatch::FolderWatch(const std::string& folder)

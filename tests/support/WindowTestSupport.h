@@ -1,22 +1,38 @@
 #pragma once
 // A whole program on fakes: a temporary program folder, the session, the
 // splash and the main window, started as the real program starts them.
+#include <QStringList>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "FakeSeams.h"
 #include "TempFolder.h"
+#include "foodlist/FoodListPage.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
 #include "shell/ProgramWindows.h"
 #include "shell/Session.h"
 #include "shell/SplashWindow.h"
 
+class QComboBox;
+
 namespace pw::test {
 
 // pw.ini text that skips the first-run offer and the tips.
 std::string QuietSettings(const std::string& extraLines = {});
+
+// A valid default profile: Ann, born 1962, 64 inches, 119 pounds, female,
+// sedentary.
+inline const std::string kAnnProfile =
+    "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
+
+// The texts a combo box lists, in order.
+QStringList ComboItems(const QComboBox* combo);
+
+// New Item, then the four tiers picked from their lists as the user picks
+// them (a single measure comes with its description).
+void ChooseFood(FoodListPage& page, const QStringList& tiers);
 
 class ProgramHarness {
 public:
@@ -29,6 +45,11 @@ public:
     // its OK button closes it) and the main window's load; false when the
     // splash refused or a run-time error was reported.
     bool Start();
+    // Writes the program folder on the data file's bytes, the settings and,
+    // when not empty, default.pwp, then starts; a failed start ends the
+    // test program.
+    void StartOn(const std::string& dataBytes, const std::string& defaultProfile = kAnnProfile,
+                 const std::string& settings = QuietSettings());
 
     TempFolder folder;
     FakeSeams fakes;
