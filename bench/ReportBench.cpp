@@ -6,9 +6,9 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/DailyValues.h"
-#include "printing/NutrientChart.h"
+#include "printing/views/NutrientChart.h"
 #include "printing/Report.h"
-#include "printing/ReportRenderer.h"
+#include "printing/views/ReportRenderer.h"
 
 namespace {
 

@@ -25,13 +25,13 @@
 #include "analysis/ProfileFile.h"
 #include "core/LineFile.h"
 #include "core/Text.h"
-#include "shell/DesktopIntegration.h"
-#include "shell/ErrorGuard.h"
-#include "shell/Logo.h"
-#include "shell/MainWindow.h"
-#include "shell/ProgramWindows.h"
+#include "shell/views/DesktopIntegration.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/Logo.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/ProgramWindows.h"
 #include "shell/Session.h"
-#include "shell/SplashWindow.h"
+#include "shell/views/SplashWindow.h"
 
 namespace pw {
 namespace {

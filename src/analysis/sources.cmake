@@ -6,7 +6,7 @@ list(APPEND MODEL_SOURCES
   src/analysis/ProfileFile.cpp
 )
 list(APPEND VIEW_SOURCES
-  src/analysis/AnalysisFileCommands.cpp
-  src/analysis/AnalysisPage.cpp
-  src/analysis/ProfilePage.cpp
+  src/analysis/views/AnalysisFileCommands.cpp
+  src/analysis/views/AnalysisPage.cpp
+  src/analysis/views/ProfilePage.cpp
 )

@@ -2,10 +2,10 @@ list(APPEND MODEL_SOURCES
   src/dialogs/Search.cpp
 )
 list(APPEND VIEW_SOURCES
-  src/dialogs/AddFoodDialog.cpp
-  src/dialogs/CopyFavoritesDialog.cpp
-  src/dialogs/FavoritesDialog.cpp
-  src/dialogs/FoodTableDialog.cpp
-  src/dialogs/SaveDishDialog.cpp
-  src/dialogs/SearchDialog.cpp
+  src/dialogs/views/AddFoodDialog.cpp
+  src/dialogs/views/CopyFavoritesDialog.cpp
+  src/dialogs/views/FavoritesDialog.cpp
+  src/dialogs/views/FoodTableDialog.cpp
+  src/dialogs/views/SaveDishDialog.cpp
+  src/dialogs/views/SearchDialog.cpp
 )

@@ -5,6 +5,6 @@ list(APPEND MODEL_SOURCES
   src/foodlist/TierMap.cpp
 )
 list(APPEND VIEW_SOURCES
-  src/foodlist/FoodListGrid.cpp
-  src/foodlist/FoodListPage.cpp
+  src/foodlist/views/FoodListGrid.cpp
+  src/foodlist/views/FoodListPage.cpp
 )

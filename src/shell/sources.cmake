@@ -4,19 +4,19 @@ list(APPEND MODEL_SOURCES
   src/shell/Tips.cpp
 )
 list(APPEND VIEW_SOURCES
-  src/shell/AboutBox.cpp
-  src/shell/AppRunner.cpp
-  src/shell/CommandLine.cpp
-  src/shell/ErrorGuard.cpp
-  src/shell/HelpWindow.cpp
-  src/shell/Logo.cpp
-  src/shell/MainWindow.cpp
-  src/shell/ProgramWindows.cpp
-  src/shell/RealSeams.cpp
-  src/shell/Seams.cpp
-  src/shell/SplashWindow.cpp
-  src/shell/TipWindow.cpp
-  src/shell/Twips.cpp
+  src/shell/views/AboutBox.cpp
+  src/shell/views/AppRunner.cpp
+  src/shell/views/CommandLine.cpp
+  src/shell/views/ErrorGuard.cpp
+  src/shell/views/HelpWindow.cpp
+  src/shell/views/Logo.cpp
+  src/shell/views/MainWindow.cpp
+  src/shell/views/ProgramWindows.cpp
+  src/shell/views/RealSeams.cpp
+  src/shell/views/Seams.cpp
+  src/shell/views/SplashWindow.cpp
+  src/shell/views/TipWindow.cpp
+  src/shell/views/Twips.cpp
 )
 list(APPEND MODEL_SOURCES src/shell/ProgramFolder.cpp)
-list(APPEND VIEW_SOURCES src/shell/DesktopIntegration.cpp)
+list(APPEND VIEW_SOURCES src/shell/views/DesktopIntegration.cpp)

@@ -10,9 +10,9 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "analysis/AnalysisPage.h"
+#include "analysis/views/AnalysisPage.h"
 #include "analysis/ProfileFile.h"
-#include "analysis/ProfilePage.h"
+#include "analysis/views/ProfilePage.h"
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 

@@ -12,11 +12,11 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "dialogs/AddFoodDialog.h"
-#include "dialogs/CopyFavoritesDialog.h"
-#include "dialogs/SaveDishDialog.h"
+#include "dialogs/views/AddFoodDialog.h"
+#include "dialogs/views/CopyFavoritesDialog.h"
+#include "dialogs/views/SaveDishDialog.h"
 #include "fooddb/FoodGroups.h"
-#include "foodlist/FoodListPage.h"
+#include "foodlist/views/FoodListPage.h"
 #include "foodlist/TierMap.h"
 
 using namespace pw;

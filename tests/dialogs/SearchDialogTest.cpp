@@ -10,8 +10,8 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "dialogs/SearchDialog.h"
-#include "foodlist/FoodListPage.h"
+#include "dialogs/views/SearchDialog.h"
+#include "foodlist/views/FoodListPage.h"
 
 using namespace pw;
 using namespace pw::test;

@@ -10,7 +10,7 @@
 #include "WindowTestSupport.h"
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
-#include "foodlist/FoodListPage.h"
+#include "foodlist/views/FoodListPage.h"
 #include "shell/Session.h"
 
 using namespace pw;

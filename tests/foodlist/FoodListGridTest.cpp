@@ -14,8 +14,8 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "foodlist/FoodListGrid.h"
-#include "foodlist/FoodListPage.h"
+#include "foodlist/views/FoodListGrid.h"
+#include "foodlist/views/FoodListPage.h"
 
 using namespace pw;
 using namespace pw::test;

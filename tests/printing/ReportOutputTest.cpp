@@ -14,10 +14,10 @@
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisOpening.h"
 #include "core/LineFile.h"
-#include "printing/NutrientChart.h"
-#include "printing/ReportCommands.h"
-#include "printing/ReportRenderer.h"
-#include "shell/CommandLine.h"
+#include "printing/views/NutrientChart.h"
+#include "printing/views/ReportCommands.h"
+#include "printing/views/ReportRenderer.h"
+#include "shell/views/CommandLine.h"
 
 using namespace pw;
 using namespace pw::test;

@@ -30,13 +30,13 @@
 #include "WindowTestSupport.h"
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
-#include "foodlist/FoodListPage.h"
-#include "shell/AboutBox.h"
-#include "shell/DesktopIntegration.h"
+#include "foodlist/views/FoodListPage.h"
+#include "shell/views/AboutBox.h"
+#include "shell/views/DesktopIntegration.h"
 #include "shell/HelpTopics.h"
-#include "shell/HelpWindow.h"
+#include "shell/views/HelpWindow.h"
 #include "shell/Settings.h"
-#include "shell/Twips.h"
+#include "shell/views/Twips.h"
 
 using namespace pw;
 using namespace pw::test;

@@ -8,12 +8,12 @@
 
 #include "FakeSeams.h"
 #include "TempFolder.h"
-#include "foodlist/FoodListPage.h"
-#include "shell/ErrorGuard.h"
-#include "shell/MainWindow.h"
-#include "shell/ProgramWindows.h"
+#include "foodlist/views/FoodListPage.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/ProgramWindows.h"
 #include "shell/Session.h"
-#include "shell/SplashWindow.h"
+#include "shell/views/SplashWindow.h"
 
 class QComboBox;
 

@@ -25,20 +25,20 @@
 #include <string>
 
 #include "core/Text.h"
-#include "dialogs/AddFoodDialog.h"
-#include "dialogs/CopyFavoritesDialog.h"
+#include "dialogs/views/AddFoodDialog.h"
+#include "dialogs/views/CopyFavoritesDialog.h"
 #include "FakeSeams.h"
-#include "dialogs/SaveDishDialog.h"
-#include "dialogs/SearchDialog.h"
-#include "foodlist/FoodListPage.h"
-#include "shell/AboutBox.h"
-#include "shell/ErrorGuard.h"
-#include "shell/HelpWindow.h"
-#include "shell/MainWindow.h"
-#include "shell/ProgramWindows.h"
-#include "shell/Seams.h"
+#include "dialogs/views/SaveDishDialog.h"
+#include "dialogs/views/SearchDialog.h"
+#include "foodlist/views/FoodListPage.h"
+#include "shell/views/AboutBox.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/HelpWindow.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/ProgramWindows.h"
+#include "shell/views/Seams.h"
 #include "shell/Session.h"
-#include "shell/TipWindow.h"
+#include "shell/views/TipWindow.h"
 
 using namespace pw;
 

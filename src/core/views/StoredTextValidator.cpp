@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "shell/Seams.h"
+#include "shell/views/Seams.h"
 
 namespace pw {
 

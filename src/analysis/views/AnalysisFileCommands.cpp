@@ -1,0 +1,197 @@
+#include "analysis/views/AnalysisFileCommands.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QTabWidget>
+#include <QWidget>
+
+#include "core/views/Widgets.h"
+#include "analysis/AnalysisFile.h"
+#include "analysis/views/AnalysisPage.h"
+#include "analysis/AnalysisTexts.h"
+#include "analysis/views/ProfilePage.h"
+#include "core/RunTimeError.h"
+#include "foodlist/views/FoodListGrid.h"
+#include "foodlist/views/FoodListPage.h"
+#include "foodlist/FoodListTexts.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+
+// The analysis captions that describe the person rather than the list.
+constexpr const char* kPersonCaptions[] = {"labAgeResults", "labBMI", "labBMIInterpretation"};
+
+FileDialogRequest ListFileRequest(const Session& session)
+{
+    FileDialogRequest request;
+    request.initialFolder = FromNativePath(session.programFolder);
+    request.defaultExtension = QString::fromLatin1(kAnalysisExtension);
+    request.filter = QString::fromLatin1(texts::kAnalysisFilter);
+    request.overwritePrompt = true;
+    request.pathMustExist = true;
+    return request;
+}
+
+}  // namespace
+
+AnalysisFileCommands::AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, ProfilePage& profilePage,
+                                           AnalysisPage& analysisPage, FoodListPage& chooser, FoodListGrid& grid,
+                                           QObject* parent)
+    : QObject(parent), session_(session), seams_(seams), window_(window), profilePage_(profilePage),
+      analysisPage_(analysisPage), chooser_(chooser), grid_(grid)
+{
+}
+
+bool AnalysisFileCommands::ListNeedsSaving() const
+{
+    return session_.foodList.Count() >= 1 && !session_.foodList.listSaved;
+}
+
+void AnalysisFileCommands::SetCaption()
+{
+    window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle) + QString::fromLatin1(texts::kCaptionFileSeparator) +
+                           FromNativePath(session_.currentListFile));
+}
+
+void AnalysisFileCommands::SaveGrid(bool atExit)
+{
+    FileDialogRequest request = ListFileRequest(session_);
+    request.proposedName = FromNativePath(session_.currentListFile);
+    request.hideReadOnly = true;
+    const std::optional<QString> path = seams_.files.SaveFile(request);
+    if (!path)
+        return;
+    // A failed save leaves the list unsaved, so leaving it still asks.
+    if (!SaveOrTell(seams_.prompts, QString::fromLatin1(texts::kMainTitle), [&] { WriteAnalysis(*path); },
+                    atExit))
+        return;
+    session_.currentListFile = ToNativePath(*path);
+    SetCaption();
+    seams_.prompts.Message(std::string(texts::kAnalysisSaved), texts::kTitleAnalysisSaved, MsgIcon::Information);
+}
+
+void AnalysisFileCommands::WriteAnalysis(const QString& path)
+{
+    WriteAnalysisFile(ToNativePath(path), profilePage_.CurrentInputs(), session_.foodList);
+    session_.foodList.listSaved = true;
+}
+
+void AnalysisFileCommands::OpenGrid()
+{
+    // No file-must-exist check: a name that is not there is reported as a
+    // file that is not a list file.
+    const std::optional<QString> path = seams_.files.OpenFile(ListFileRequest(session_));
+    if (!path)
+        return;
+    OpenListFile(*path);
+}
+
+void AnalysisFileCommands::OpenListFile(const QString& path)
+{
+    session_.currentListFile = ToNativePath(path);
+    // Emptying the profile closes the list's tabs for a moment; the page
+    // the user opened the file from comes back once the profile read is
+    // valid again.
+    auto* tabs = window_.findChild<QTabWidget*>(QStringLiteral("tabMain"));
+    const int page = tabs ? tabs->currentIndex() : -1;
+    ClearData();
+    ReadAnalysis(path);
+    if (session_.ended)
+        return;
+    if (tabs && page >= 0 && tabs->isTabEnabled(page))
+        tabs->setCurrentIndex(page);
+    SetCaption();
+    session_.foodList.listSaved = true;
+}
+
+void AnalysisFileCommands::ReportNotAnAnalysisFile(const QString& path)
+{
+    seams_.prompts.Message(path + QString::fromLatin1(texts::kNotAnAnalysisFile),
+                           QString::fromLatin1(texts::kTitleError), MsgIcon::Critical);
+}
+
+void AnalysisFileCommands::ReadAnalysis(const QString& path)
+{
+    grid_.RefreshGrid();
+    const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(path));
+    // The profile first, whatever the order of the lines: the entries'
+    // percents are taken of its daily values.
+    if (!profilePage_.ApplySettings(content.settings)) {
+        ReportNotAnAnalysisFile(path);
+        return;
+    }
+    bool valid = content.valid;
+    try {
+        profilePage_.ValidateTab1Data();
+        if (session_.ended)
+            return;
+        const DailyValues dailyValues = session_.profile.valid ? session_.dailyValues : DailyValues{};
+        const FoodTable& table = session_.foodTable;
+        for (const AnalysisItem& item : content.items) {
+            std::int16_t index = item.foodIndex;
+            ItemLocation(table, item.group, item.subgroup, item.description, item.measure, index);
+            if (index < 0) {
+                seams_.prompts.Message(MissingFoodText(item), texts::kTitleOpenList, MsgIcon::Exclamation);
+                continue;
+            }
+            if (session_.foodList.IsFull()) {
+                valid = false;  // more rows than a list holds
+                break;
+            }
+            grid_.AppendEntry(OpenedEntry(table, index, item, dailyValues));
+        }
+        // A valid profile brings the summary and the grid up to date.
+        if (valid)
+            profilePage_.ValidateTab1Data();
+    } catch (const RunTimeError&) {
+        valid = false;
+    }
+    if (!valid && !session_.ended)
+        ReportNotAnAnalysisFile(path);
+}
+
+void AnalysisFileCommands::ClearData()
+{
+    profilePage_.ApplySettings({{ProfileField::Name, {}},
+                                {ProfileField::Yob, {}},
+                                {ProfileField::Height, {}},
+                                {ProfileField::Weight, {}}});
+    // The emptied profile is invalid: the list's tab and the grid close.
+    profilePage_.ValidateTab1Data();
+    for (const char* name : kPersonCaptions)
+        if (auto* caption = analysisPage_.findChild<QLabel*>(QString::fromLatin1(name)))
+            caption->clear();
+    chooser_.DisableTiers();
+    grid_.ClearGrid();
+}
+
+void AnalysisFileCommands::SaveGridQuery(const QString& title, bool atExit)
+{
+    if (seams_.prompts.Message(QString::fromLatin1(texts::kSaveListQuestion), title, MsgIcon::Question,
+                               MsgButtons::YesNo) == MsgResult::Yes)
+        SaveGrid(atExit);
+}
+
+void AnalysisFileCommands::mnuSave_Click() { SaveGrid(); }
+
+void AnalysisFileCommands::mnuOpen_Click()
+{
+    if (ListNeedsSaving())
+        SaveGridQuery(QString::fromLatin1(texts::kTitleOpenAnalysis));
+    OpenGrid();
+}
+
+void AnalysisFileCommands::mnuClearList_Click()
+{
+    if (ListNeedsSaving())
+        SaveGridQuery(QString::fromLatin1(texts::kTitleClearList));
+    window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
+    session_.currentListFile.clear();
+    grid_.ClearGrid();
+}
+
+}  // namespace pw

@@ -1,0 +1,90 @@
+#include "dialogs/views/CopyFavoritesDialog.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "fooddb/FoodEditing.h"
+#include "fooddb/FoodGroups.h"
+#include "foodlist/views/FoodListPage.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+
+}  // namespace
+
+CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
+    : FavoritesDialog(session, seams, main, kTopicCopyToFavorites, parent)
+{
+    BuildControls();
+    connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(btnCopy, &QPushButton::clicked, this, Guarded([this] { btnCopy_Click(); }));
+    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
+    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
+    EnableCopy();
+}
+
+void CopyFavoritesDialog::BuildControls()
+{
+    setObjectName(QStringLiteral("frmCopy"));
+    setWindowTitle(QStringLiteral("Copy Item to Favorites"));
+    labMeasure = MakeDialogLabel(this, QStringLiteral("labMeasure"), "");
+    btnCopy = MakeDialogButton(this, "btnCopy", "Copy", "Copy item to favorites");
+    BuildFavoritesForm("Select (or enter) secondary group", "Enter description", "Unit of measure:", labMeasure,
+                       btnCopy);
+}
+
+void CopyFavoritesDialog::Form_Activate()
+{
+    const FoodListPage& chooser = *main_.foodListPage;
+    FillFavoritesSubgroups(comSubgroup);
+    // The chosen food's own subgroup when Favorites has one of that name.
+    comSubgroup->setCurrentIndex(comSubgroup->findText(chooser.comTier1->currentText(), Qt::MatchExactly |
+                                                                                          Qt::MatchCaseSensitive));
+    if (comSubgroup->currentIndex() < 0)
+        comSubgroup->clearEditText();
+    txtDescription->setText(chooser.comTier2->currentText());
+    labMeasure->setText(chooser.comTier3->currentText());
+    EnableCopy();
+    comSubgroup->setFocus();
+}
+
+void CopyFavoritesDialog::EnableCopy()
+{
+    btnCopy->setEnabled(!comSubgroup->currentText().isEmpty() && !txtDescription->text().isEmpty());
+}
+
+void CopyFavoritesDialog::btnCopy_Click()
+{
+    // The messages name the food as the boxes hold it; the insert trims its
+    // own copies.
+    const std::string shownSubgroup = ToLatin1(comSubgroup->currentText());
+    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownMeasure = ToLatin1(labMeasure->text());
+    std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
+    const std::int16_t result =
+        session_.foodInserter.InsertFood(session_.foodTable, std::string(kFavoritesGroup), subgroup, description,
+                                         measure, session_.foodTable.Values(session_.chooser.currentFood));
+    if (ClosedForNoRoom(result))
+        return;
+    if (result < 0) {
+        seams_.prompts.Message(CopyExists(shownSubgroup, shownDescription, shownMeasure),
+                               std::string(texts::kTitleUnableToCopy), MsgIcon::Exclamation);
+        return;
+    }
+    seams_.prompts.Message(CopiedToFavorites(shownSubgroup, shownDescription, shownMeasure),
+                           std::string(texts::kTitleCopied), MsgIcon::Information);
+    QDialog::accept();
+    main_.foodListPage->RebuildTierMap();
+    main_.foodListPage->DisableTiers();
+}
+
+}  // namespace pw

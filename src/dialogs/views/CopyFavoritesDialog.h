@@ -1,0 +1,36 @@
+#pragma once
+// Copies the food chosen in the chooser into the Favorites group, under a
+// subgroup and description of the user's choice and with its own measure.
+// Created once, hidden rather than destroyed, and filled from the chooser
+// every time it is shown.
+#include "dialogs/views/FavoritesDialog.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace pw {
+
+class ErrorGuard;
+class MainWindow;
+struct Seams;
+struct Session;
+
+class CopyFavoritesDialog : public FavoritesDialog {
+    Q_OBJECT
+public:
+    CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
+
+    QLabel* labMeasure = nullptr;  // the chosen food's measure, kept
+    QPushButton* btnCopy = nullptr;
+
+private:
+    void BuildControls();
+    void Form_Activate() override;
+    // Copy is offered while subgroup and description hold text.
+    void EnableCopy();
+    void btnCopy_Click();
+};
+
+}  // namespace pw

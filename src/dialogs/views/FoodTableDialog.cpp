@@ -1,0 +1,75 @@
+#include "dialogs/views/FoodTableDialog.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QShowEvent>
+
+#include "fooddb/FoodEditing.h"
+#include "fooddb/FoodGroups.h"
+#include "foodlist/TierMap.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent)
+    : QDialog(parent), session_(session), seams_(seams), main_(main), helpContext_(helpContext)
+{
+    // F1 opens the dialog's topic, as its Help button does.
+    new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
+}
+
+void FoodTableDialog::reject()
+{
+    RunGuarded(guard, [this] { btnCancel_Click(); });
+}
+
+void FoodTableDialog::btnCancel_Click() { QDialog::reject(); }
+
+void FoodTableDialog::btnHelp_Click()
+{
+    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, helpContext_);
+}
+
+void FoodTableDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        RunGuarded(guard, [this] { Form_Activate(); });
+}
+
+QComboBox* FoodTableDialog::MakeFavoritesSubgroupBox(const char* tip)
+{
+    auto* box = new QComboBox(this);
+    box->setObjectName(QStringLiteral("comSubgroup"));
+    box->setToolTip(QString::fromLatin1(tip));
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);
+    box->lineEdit()->setMaxLength(kMaxTextField);
+    return box;
+}
+
+void FoodTableDialog::FillFavoritesSubgroups(QComboBox* box) const
+{
+    box->clear();
+    for (const std::string& subgroup :
+         GroupSubgroups(session_.foodTable, session_.tierMap, std::string(kFavoritesGroup)))
+        box->addItem(QString::fromLatin1(subgroup));
+}
+
+bool FoodTableDialog::ClosedForNoRoom(std::int16_t result)
+{
+    if (result != kInsertNoRoom)
+        return false;
+    main_.DatabaseMaxedOut();
+    QDialog::reject();
+    return true;
+}
+
+
+}  // namespace pw

@@ -1,0 +1,99 @@
+#include "dialogs/views/SaveDishDialog.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "core/views/StoredTextValidator.h"
+#include "fooddb/FoodEditing.h"
+#include "fooddb/FoodGroups.h"
+#include "foodlist/views/FoodListGrid.h"
+#include "foodlist/views/FoodListPage.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+
+}  // namespace
+
+SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
+    : FavoritesDialog(session, seams, main, kTopicFavoritesAndDishes, parent)
+{
+    BuildControls();
+    connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
+    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
+    connect(txtMeasure, &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
+    connect(btnSaveList, &QPushButton::clicked, this, Guarded([this] { btnSaveList_Click(); }));
+    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
+    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
+    EnableSave();
+}
+
+void SaveDishDialog::BuildControls()
+{
+    setObjectName(QStringLiteral("frmSaveList"));
+    setWindowTitle(QStringLiteral("Save List"));
+    txtMeasure = new QLineEdit(this);
+    txtMeasure->setObjectName(QStringLiteral("txtMeasure"));
+    txtMeasure->setToolTip(QStringLiteral("Enter the unit of measure for this food item"));
+    txtMeasure->setMaxLength(kMaxTextField);
+    KeepStorable(txtMeasure, seams_.prompts);
+    btnSaveList = MakeDialogButton(this, "btnSaveList", "Save List", "Save list as custom dish");
+    BuildFavoritesForm("Select (or enter) secondary food group", "Enter the description of the food item",
+                       "Enter Unit of measure:", txtMeasure, btnSaveList);
+}
+
+void SaveDishDialog::Form_Activate()
+{
+    txtDescription->clear();
+    txtMeasure->clear();
+    FillFavoritesSubgroups(comSubgroup);
+    comSubgroup->setCurrentIndex(-1);
+    comSubgroup->clearEditText();
+    EnableSave();
+    comSubgroup->setFocus();
+}
+
+void SaveDishDialog::EnableSave()
+{
+    btnSaveList->setEnabled(!comSubgroup->currentText().isEmpty() && !txtDescription->text().isEmpty() &&
+                            !txtMeasure->text().isEmpty());
+}
+
+void SaveDishDialog::btnSaveList_Click()
+{
+    txtDescription->setText(QString::fromLatin1(CapitalizeFirst(ToLatin1(txtDescription->text()))));
+    // The messages name the dish as the boxes hold it; the insert trims its
+    // own copies.
+    const std::string shownSubgroup = ToLatin1(comSubgroup->currentText());
+    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownMeasure = ToLatin1(txtMeasure->text());
+    std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
+    const std::int16_t result =
+        session_.foodInserter.InsertFood(session_.foodTable, std::string(kFavoritesGroup), subgroup, description,
+                                         measure, session_.foodList.Totals());
+    if (ClosedForNoRoom(result))
+        return;
+    if (result < 0) {
+        seams_.prompts.Message(DishExists(shownSubgroup, shownDescription, shownMeasure),
+                               std::string(texts::kTitleUnableToAdd), MsgIcon::Exclamation);
+        return;
+    }
+    if (seams_.prompts.Message(DishAddedQuestion(shownSubgroup, shownDescription, shownMeasure),
+                               std::string(texts::kTitleAdded), MsgIcon::Question,
+                               MsgButtons::YesNo) == MsgResult::Yes)
+        main_.listGrid->ClearGrid();
+    main_.foodListPage->RebuildTierMap();
+    main_.mnuSaveAsDish->setEnabled(false);
+    main_.foodListPage->DisableTiers();
+    QDialog::accept();
+}
+
+}  // namespace pw

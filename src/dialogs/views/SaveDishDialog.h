@@ -1,0 +1,35 @@
+#pragma once
+// Saves the whole food list as one new food of the Favorites group, a dish
+// whose values are the list's totals. Created once, hidden rather than
+// destroyed, and empty again every time it is shown.
+#include "dialogs/views/FavoritesDialog.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace pw {
+
+class ErrorGuard;
+class MainWindow;
+struct Seams;
+struct Session;
+
+class SaveDishDialog : public FavoritesDialog {
+    Q_OBJECT
+public:
+    SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
+
+    QLineEdit* txtMeasure = nullptr;
+    QPushButton* btnSaveList = nullptr;
+
+private:
+    void BuildControls();
+    void Form_Activate() override;
+    // Save is offered while subgroup, description and measure hold text.
+    void EnableSave();
+    void btnSaveList_Click();
+};
+
+}  // namespace pw

@@ -1,0 +1,89 @@
+#pragma once
+// The search dialog: finds foods by a piece of text, lists them in a grid and
+// hands the chosen one to the food chooser. Created once, hidden rather than
+// destroyed, and empty again every time it is shown.
+#include <QDialog>
+#include <cstdint>
+#include <vector>
+
+#include "dialogs/Search.h"
+#include "shell/views/Twips.h"
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableWidget;
+
+namespace pw {
+
+class ErrorGuard;
+class FoodListPage;
+struct Seams;
+struct Session;
+
+class SearchDialog : public QDialog {
+    Q_OBJECT
+public:
+    // Where run-time errors of the handlers go; the chooser that opens the
+    // dialog hands on its own.
+    ErrorGuard* guard = nullptr;
+
+    SearchDialog(const Session& session, Seams& seams, FoodListPage& chooser, QWidget* parent = nullptr);
+
+    // Grid rows listed by the last search, and the row last moved to
+    // (1-based, 0 when none).
+    int ResultCount() const { return static_cast<int>(results_.size()); }
+    int SelectedResult() const { return selectedResult_; }
+
+    QLabel* labEnterSearchTerm = nullptr;
+    QLineEdit* txtSearch = nullptr;
+    QPushButton* btnSearch = nullptr;
+    QGroupBox* frameResults = nullptr;
+    QTableWidget* gridSearch = nullptr;
+    QLabel* labPrimaryLabel = nullptr;
+    QLabel* labPrimary = nullptr;
+    QLabel* labSecondaryLabel = nullptr;
+    QLabel* labSecondary = nullptr;
+    QLabel* labDescriptionLabel = nullptr;
+    QLabel* labDescription = nullptr;
+    QPushButton* btnNewSearch = nullptr;
+    QPushButton* btnAccept = nullptr;
+    QPushButton* btnCancel = nullptr;
+    QPushButton* btnHelp = nullptr;
+
+public slots:
+    // Closing the window or Escape leave as Cancel does.
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildControls();
+    void ResetSearch();
+    void InitResultsGrid();
+    void btnSearch_Click();
+    void gridSearch_RowColChange(int row);
+    void btnAccept_Click();
+    void btnNewSearch_Click();
+    void btnCancel_Click();
+    void btnHelp_Click();
+    void txtSearch_KeyUp();
+    void Form_Activate();
+    void Form_Resize();
+    int DpiX() const;
+    int DpiY() const;
+
+    const Session& session_;
+    Seams& seams_;
+    FoodListPage& chooser_;
+    std::vector<SearchResult> results_;  // grid row k shows results_[k - 1]
+    int selectedResult_ = 0;
+    TwipsLength width_;
+    TwipsLength height_;
+};
+
+}  // namespace pw

@@ -1,0 +1,293 @@
+#include "foodlist/views/FoodListGrid.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTableWidget>
+
+#include "foodlist/views/FoodListPage.h"
+#include "foodlist/FoodListTexts.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+std::string Latin1(const QString& text) { return text.toLatin1().toStdString(); }
+
+// Sets a flag for the life of a scope.
+class FlagScope {
+public:
+    explicit FlagScope(bool& flag) : flag_(flag), was_(flag) { flag_ = true; }
+    ~FlagScope() { flag_ = was_; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+private:
+    bool& flag_;
+    bool was_;
+};
+
+}  // namespace
+
+FoodListGrid::FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain,
+                           FoodListPage& chooser, GridHooks hooks, QObject* parent)
+    : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
+      hooks_(std::move(hooks))
+{
+    connect(chooser_.btnAcceptItem, &QPushButton::clicked, this,
+            [this] { guard_.Run([&] { btnAcceptItem_Click(); }); });
+    connect(chooser_.btnDeleteItem, &QPushButton::clicked, this,
+            [this] { guard_.Run([&] { btnDeleteItem_Click(); }); });
+
+    // A click loads the clicked row (again, when it is the current one); a
+    // move of the current row by the keys loads it too. The header counts as
+    // row 0.
+    connect(&grid_, &QTableWidget::cellClicked, this, [this](int row, int) {
+        if (!writing_)
+            guard_.Run([&] { gridMain_Click(row + 1); });
+    });
+    connect(&grid_, &QTableWidget::currentCellChanged, this, [this](int row, int, int previousRow, int) {
+        if (!writing_ && !mousePressed_ && row != previousRow)
+            guard_.Run([&] { gridMain_Click(row + 1); });
+    });
+    connect(grid_.horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this] { guard_.Run([&] { gridMain_Click(0); }); });
+    grid_.viewport()->installEventFilter(this);
+    // The grid is one stop of the Tab key; the arrow keys move inside it.
+    grid_.setTabKeyNavigation(false);
+    grid_.installEventFilter(this);
+}
+
+bool FoodListGrid::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
+
+bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &grid_ && event->type() == QEvent::FocusIn &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+        // Reached by the keyboard, the grid would make its first row current
+        // and so load it into the chooser: it shows no row until the user
+        // moves to one, except the row the chooser is changing.
+        FlagScope writing(writing_);
+        static_cast<QObject&>(grid_).event(event);
+        const FoodList& list = session_.foodList;
+        const bool changingCurrentRow =
+            !session_.chooser.addingNewItem && list.selectedRow >= 1 && grid_.currentRow() + 1 == list.selectedRow;
+        if (!changingCurrentRow) {
+            grid_.clearSelection();
+            grid_.selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+        }
+        return true;
+    }
+    if (watched == &grid_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
+        // The same question as "Delete from List", for the row shown.
+        if (chooser_.btnDeleteItem->isEnabled())
+            guard_.Run([&] { btnDeleteItem_Click(); });
+        return true;
+    }
+    const bool press = event->type() == QEvent::MouseButtonPress;
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    if (watched != grid_.viewport() || !(press || release))
+        return QObject::eventFilter(watched, event);
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::LeftButton)
+        return QObject::eventFilter(watched, event);
+    const QModelIndex at = grid_.indexAt(mouse->position().toPoint());
+    if (press) {
+        mousePressed_ = true;
+        pressedIndex_ = at;
+    } else if (mousePressed_) {
+        mousePressed_ = false;
+        // The grid reports a click only where the button went down and up on
+        // one cell. Otherwise the press was dragged, and the row it left
+        // current is the one chosen; a click below the last row is a click
+        // on no row.
+        if (!at.isValid() && !pressedIndex_.isValid())
+            guard_.Run([&] { gridMain_Click(0); });
+        else if (at != pressedIndex_ || !at.isValid())
+            guard_.Run([&] { gridMain_Click(grid_.currentRow() + 1); });
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void FoodListGrid::btnAcceptItem_Click()
+{
+    FoodList& list = session_.foodList;
+    const ChooserState& state = session_.chooser;
+    if (state.addingNewItem && list.IsFull()) {
+        seams_.prompts.Message(std::string(texts::kListFull), std::string(texts::kTitleListFull),
+                               MsgIcon::Exclamation);
+        return;
+    }
+    FoodListEntry entry;
+    entry.foodIndex = state.currentFood;
+    entry.quantityText = Latin1(chooser_.comQuantity->currentText());
+    entry.group = Latin1(chooser_.comTier0->currentText());
+    entry.subgroup = Latin1(chooser_.comTier1->currentText());
+    entry.description = Latin1(chooser_.comTier2->currentText());
+    entry.measure = Latin1(chooser_.comTier3->currentText());
+    entry.amounts = state.currentNutrients;
+    entry.percents = state.currentPercents;
+
+    int row = list.selectedRow;
+    if (state.addingNewItem)
+        row = list.Append(std::move(entry));
+    else
+        list.Replace(row, std::move(entry));
+    PushToList(row);
+    if (QTableWidgetItem* added = grid_.item(row - 1, 0))
+        grid_.scrollToItem(added);
+
+    chooser_.btnAcceptItem->setEnabled(false);
+    chooser_.btnDeleteItem->setEnabled(false);
+    chooser_.btnSearch->setEnabled(false);
+    list.listSaved = false;
+    chooser_.DisableTiers();
+    if (hooks_.listLengthChanged)
+        hooks_.listLengthChanged();
+}
+
+void FoodListGrid::PushToList(int row)
+{
+    const FoodListEntry& entry = session_.foodList.Entry(row);
+    {
+        FlagScope writing(writing_);
+        if (session_.chooser.addingNewItem)
+            grid_.setRowCount(row + 1);  // rows 1..row and the empty row below
+        else if (grid_.rowCount() < row)
+            grid_.setRowCount(row);
+        const bool byUnits = ViewByUnits();
+        for (int column = 0; column < kGridColumns; ++column) {
+            auto* cell = new QTableWidgetItem(QString::fromLatin1(GridCellText(entry, column, byUnits)));
+            if (column >= kFirstNutrientColumn)
+                cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            grid_.setItem(row - 1, column, cell);
+        }
+    }
+    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
+}
+
+void FoodListGrid::RefreshGrid()
+{
+    if (hooks_.populateGridHeader)
+        hooks_.populateGridHeader();
+    for (int row = 1; row <= session_.foodList.Count(); ++row)
+        PushToList(row);
+}
+
+void FoodListGrid::AppendEntry(FoodListEntry entry)
+{
+    const int row = session_.foodList.Append(std::move(entry));
+    PushToList(row);
+    {
+        FlagScope writing(writing_);
+        if (grid_.rowCount() < row + 1)
+            grid_.setRowCount(row + 1);
+    }
+    if (hooks_.listLengthChanged)
+        hooks_.listLengthChanged();
+}
+
+void FoodListGrid::ShowDailyIntake(IntakeStyle style)
+{
+    if (!hooks_.setDailyIntake)
+        return;
+    const NutrientValues totals = session_.foodList.Totals();
+    for (int i = 0; i < kShownNutrients; ++i)
+        hooks_.setDailyIntake(i, QString::fromLatin1(DailyIntakeText(static_cast<Nutrient>(i), totals[i],
+                                                                     session_.dailyValues[i], style)));
+}
+
+void FoodListGrid::btnDeleteItem_Click()
+{
+    const std::string item = ListItemText(Latin1(chooser_.comTier0->currentText()),
+                                          Latin1(chooser_.comTier1->currentText()),
+                                          Latin1(chooser_.comTier2->currentText()));
+    const MsgResult answer = seams_.prompts.Message(DeleteQuestionText(item), std::string(texts::kTitleConfirmDelete),
+                                                    MsgIcon::Question, MsgButtons::YesNo);
+    if (answer != MsgResult::Yes) {
+        seams_.prompts.Message(std::string(texts::kDeleteCancelled), std::string(texts::kTitleDeleteFromList),
+                               MsgIcon::Information);
+        return;
+    }
+    FoodList& list = session_.foodList;
+    const int row = list.selectedRow;
+    const bool saved = list.listSaved;
+    list.Delete(row);
+    list.listSaved = saved;
+    {
+        FlagScope writing(writing_);
+        grid_.removeRow(row - 1);
+        grid_.clearSelection();
+    }
+    if (hooks_.listLengthChanged)
+        hooks_.listLengthChanged();
+    // The analysis follows the shorter list.
+    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
+
+    chooser_.btnDeleteItem->setEnabled(false);
+    chooser_.DisableTiers();
+    seams_.prompts.Message(ItemRemovedText(item), std::string(texts::kTitleDeleteFromList), MsgIcon::Information);
+    // The data file is written again at exit, as after a change of the table.
+    session_.foodTable.DatabaseDirty = true;
+}
+
+void FoodListGrid::ClearGrid()
+{
+    {
+        FlagScope writing(writing_);
+        grid_.setRowCount(0);
+    }
+    FoodList& list = session_.foodList;
+    list.Clear();
+    list.selectedRow = 0;
+    if (hooks_.populateGridHeader)
+        hooks_.populateGridHeader();
+    chooser_.DisableTiers();
+    // No row is left to delete.
+    chooser_.btnDeleteItem->setEnabled(false);
+    if (hooks_.listLengthChanged)
+        hooks_.listLengthChanged();
+    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
+}
+
+void FoodListGrid::gridMain_Click(int row)
+{
+    FoodList& list = session_.foodList;
+    list.selectedRow = static_cast<std::int16_t>(row);
+    if (row < 1 || row > list.Count()) {
+        chooser_.btnDeleteItem->setEnabled(false);
+        chooser_.btnSearch->setEnabled(false);
+        chooser_.DisableTiers();
+        chooser_.DisableItemInfo();
+        grid_.clearSelection();
+        return;
+    }
+    const FoodListEntry entry = list.Entry(row);
+    session_.chooser.addingNewItem = false;
+    chooser_.btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionChange));
+    chooser_.btnSearch->setEnabled(true);
+    chooser_.btnDeleteItem->setEnabled(true);
+    chooser_.EnableTiers();
+    // The quantity goes in before the tiers are shown, so that the measure's
+    // values are scaled by the row's own quantity: "Change" without an edit
+    // stores the quantity the row shows.
+    chooser_.comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
+    chooser_.RecreateTiers(entry.foodIndex);
+    chooser_.EnableItemInfo();
+    chooser_.comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
+    const bool byUnits = ViewByUnits();
+    for (int i = 0; i < kShownNutrients; ++i)
+        chooser_.labNutrVal[i]->setText(QString::number(byUnits ? entry.amounts[i] : entry.percents[i]));
+}
+
+}  // namespace pw

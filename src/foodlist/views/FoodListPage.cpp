@@ -1,0 +1,540 @@
+#include "foodlist/views/FoodListPage.h"
+
+#include "core/views/Widgets.h"
+#include "shell/views/ErrorGuard.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/Numeric.h"
+#include "dialogs/views/SearchDialog.h"
+#include "fooddb/FoodGroups.h"
+#include "foodlist/ChooserTexts.h"
+#include "foodlist/Quantity.h"
+#include "foodlist/TierMap.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+QComboBox* MakeCombo(QWidget* parent, const char* name, const char* tip, bool editable = false)
+{
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(QString::fromLatin1(name));
+    combo->setToolTip(QString::fromLatin1(tip));
+    combo->setEditable(editable);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(6);
+    return combo;
+}
+
+constexpr const char* kNutrientCaptions[8] = {"Calories", "Protein", "Carbos.", "Fats",
+                                              "Cholest.", "Fiber", "Calcium", "Sodium"};
+// The units a valid quantity shows beside the amounts; a change of view sets
+// the slightly different list of SetUnitCaptions.
+constexpr const char* kQuantityUnits[8] = {" ", "g", "g", "g", "mg", "mg", "mg", "mg"};
+constexpr const char* kViewChangeUnits[8] = {"", "g", "mg", "g", "mg", "mg", "mg", "mg"};
+
+constexpr const char* kQuantityFractions[] = {"1/8", "1/4", "1/3", "3/8", "1/2", "5/8", "2/3", "3/4", "7/8"};
+constexpr int kQuantityWholeNumbers = 8;
+// " 1", the quantity chosen when nothing has been entered.
+constexpr int kDefaultQuantityEntry = 9;
+
+}  // namespace
+
+FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
+    : QWidget(parent), session_(session), seams_(seams)
+{
+    BuildControls();
+
+    // A user's pick arrives as activated; selections made by code do not run
+    // the tier operations a second time.
+    connect(comTier0, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier0(); }); });
+    connect(comTier1, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier1(); }); });
+    connect(comTier2, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier2(); }); });
+    connect(comTier3, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier3(); }); });
+    connect(comQuantity, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { comQuantity_Click(); }); });
+    connect(btnNewItem, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewItem_Click(); }); });
+    connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
+    // Keys reach the combo first and its line edit without another filter
+    // pass, unless they are sent to the line edit itself: watch both.
+    comQuantity->installEventFilter(this);
+    comQuantity->lineEdit()->installEventFilter(this);
+
+    DisableTiers();
+    btnDeleteItem->setEnabled(false);
+}
+
+void FoodListPage::BuildControls()
+{
+    setObjectName(QStringLiteral("pageFoodList"));
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(4, 4, 4, 4);
+    outer->setSpacing(6);
+
+    auto* tiers = new QGridLayout;
+    tiers->setHorizontalSpacing(4);
+    tiers->setVerticalSpacing(1);
+    labTier[0] = MakeLabel(this, QStringLiteral("labTier0"), "Choose food group:");
+    labTier[1] = MakeLabel(this, QStringLiteral("labTier1"), "Choose subgroup:");
+    labTier[2] = MakeLabel(this, QStringLiteral("labTier2"), "Choose Item:");
+    comTier0 = MakeCombo(this, "comTier0", "Select main food group");
+    comTier1 = MakeCombo(this, "comTier1", "Select secondary food group");
+    comTier2 = MakeCombo(this, "comTier2", "Select description");
+    tiers->addWidget(labTier[0], 0, 0);
+    tiers->addWidget(comTier0, 1, 0);
+    tiers->addWidget(labTier[1], 0, 1);
+    tiers->addWidget(comTier1, 1, 1);
+    tiers->addWidget(labTier[2], 0, 2);
+    tiers->addWidget(comTier2, 1, 2);
+    tiers->setColumnStretch(0, 2);
+    tiers->setColumnStretch(1, 2);
+    tiers->setColumnStretch(2, 3);
+    outer->addLayout(tiers);
+
+    auto* quantityRow = new QHBoxLayout;
+    labTier[3] = MakeLabel(this, QStringLiteral("labTier3"), "Qty");
+    comQuantity = MakeCombo(this, "comQuantity", "Enter or select the quantity", true);
+    comQuantity->setMinimumContentsLength(4);
+    // Typed text is the quantity as typed: no completion from the list, and
+    // Enter does not add it to the list.
+    comQuantity->setCompleter(nullptr);
+    comQuantity->setInsertPolicy(QComboBox::NoInsert);
+    labOf = MakeLabel(this, QStringLiteral("labOf"), "of");
+    comTier3 = MakeCombo(this, "comTier3", "Select unit of measure");
+    labTier[3]->setBuddy(comQuantity);
+    quantityRow->addWidget(labTier[3]);
+    quantityRow->addWidget(comQuantity);
+    quantityRow->addWidget(labOf);
+    quantityRow->addWidget(comTier3, 1);
+    outer->addLayout(quantityRow);
+
+    // The nutrient panel: four rows of two name, value, unit triples in a
+    // sunken frame, the first four nutrients on the left; the room left over
+    // goes after each triple, so a long value never crowds its neighbours.
+    auto* frame = new QFrame(this);
+    frame->setObjectName(QStringLiteral("frameNutrients"));
+    frame->setFrameShape(QFrame::StyledPanel);
+    frame->setFrameShadow(QFrame::Sunken);
+    auto* panel = new QGridLayout(frame);
+    panel->setContentsMargins(8, 3, 8, 3);
+    panel->setHorizontalSpacing(6);
+    panel->setVerticalSpacing(1);
+    QFont valueFont = font();
+    valueFont.setBold(true);
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i] = MakeLabel(frame, QStringLiteral("labNutr%1").arg(i), kNutrientCaptions[i]);
+        labNutrVal[i] = MakeLabel(frame, QStringLiteral("labNutrVal%1").arg(i), "");
+        labNutrUnit[i] = MakeLabel(frame, QStringLiteral("labNutrUnit%1").arg(i), "");
+        labNutrVal[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        labNutrVal[i]->setFont(valueFont);
+        labNutrVal[i]->setMinimumWidth(QFontMetrics(valueFont).horizontalAdvance(QStringLiteral("000000")));
+        labNutrUnit[i]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("%DV")));
+        const int row = i % 4;
+        const int column = (i / 4) * 4;
+        panel->addWidget(labNutr[i], row, column);
+        panel->addWidget(labNutrVal[i], row, column + 1);
+        panel->addWidget(labNutrUnit[i], row, column + 2);
+    }
+    panel->setColumnStretch(3, 1);
+    panel->setColumnStretch(7, 1);
+    outer->addWidget(frame);
+    outer->addStretch(1);
+
+    auto* buttons = new QHBoxLayout;
+    btnNewItem = MakeButton(this, "btnNewItem", "New Item", "Select new item to add to list");
+    btnSearch = MakeButton(this, "btnSearch", "Search", "Search database");
+    btnAcceptItem = MakeButton(this, "btnAcceptItem", texts::kCaptionAddToList, "Accept and add item to list");
+    btnDeleteItem = MakeButton(this, "btnDeleteItem", "Delete from List", "Delete item from list");
+    btnTab2Help = MakeButton(this, "btnTab2Help", "Help", nullptr);
+    for (auto* b : {btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help})
+        buttons->addWidget(b);
+    outer->addLayout(buttons);
+
+    // Tab follows the chooser left to right, top to bottom, then the buttons.
+    QWidget* order[] = {comTier0, comTier1, comTier2, comQuantity, comTier3,
+                        btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void FoodListPage::SetHooks(ChooserHooks hooks) { hooks_ = std::move(hooks); }
+
+void FoodListPage::SetCopyToFavoritesEnabled(bool enabled)
+{
+    if (hooks_.setCopyToFavoritesEnabled)
+        hooks_.setCopyToFavoritesEnabled(enabled);
+}
+
+void FoodListPage::SetDeleteFromDatabaseEnabled(bool enabled)
+{
+    if (hooks_.setDeleteFromDatabaseEnabled)
+        hooks_.setDeleteFromDatabaseEnabled(enabled);
+}
+
+bool FoodListPage::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
+
+QComboBox* FoodListPage::TierCombo(int tier) const
+{
+    const std::array<QComboBox*, 4> combos = {comTier0, comTier1, comTier2, comTier3};
+    return combos.at(static_cast<std::size_t>(tier));
+}
+
+bool FoodListPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
+
+void FoodListPage::RebuildTierMap()
+{
+    SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap));
+    // Every change of the food table ends here: an insert or a delete moves
+    // foods, so each list row is pointed at its own food again.
+    session_.foodList.RelocateEntries(session_.foodTable);
+}
+
+void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
+{
+    comTier0->clear();
+    for (const auto& group : groups)
+        comTier0->addItem(QString::fromLatin1(group));
+    comTier0->setCurrentIndex(-1);
+}
+
+void FoodListPage::FillTier(int tier, int position)
+{
+    QComboBox* combo = TierCombo(tier);
+    combo->clear();
+    for (const auto& entry : RebuildTierColumn(session_.foodTable, session_.tierMap, tier, position))
+        combo->addItem(QString::fromLatin1(entry));
+    combo->setCurrentIndex(-1);  // filling a list selects its first entry
+}
+
+void FoodListPage::FillQuantityList()
+{
+    comQuantity->clear();
+    for (const char* fraction : kQuantityFractions)
+        comQuantity->addItem(QString::fromLatin1(fraction));
+    for (int n = 1; n <= kQuantityWholeNumbers; ++n)
+        comQuantity->addItem(QStringLiteral(" %1").arg(n));
+    comQuantity->setCurrentIndex(kDefaultQuantityEntry);
+}
+
+void FoodListPage::SetUnitCaptions(bool byDV)
+{
+    for (int i = 0; i < 8; ++i)
+        labNutrUnit[i]->setText(QString::fromLatin1(byDV ? texts::kUnitDV : kViewChangeUnits[i]));
+}
+
+void FoodListPage::ResetMeasureTier()
+{
+    labTier[3]->setEnabled(false);
+    comTier3->clear();
+    comTier3->setEnabled(false);
+    labOf->setEnabled(false);
+    comQuantity->setEnabled(false);
+    SetCopyToFavoritesEnabled(false);
+    DisableItemInfo();
+}
+
+void FoodListPage::ProcessTier0()
+{
+    if (comTier0->currentText().isEmpty()) {
+        labTier[1]->setEnabled(false);
+        comTier1->setEnabled(false);
+        comTier1->clear();
+    } else {
+        labTier[1]->setEnabled(true);
+        comTier1->setEnabled(true);
+        FillTier(1, comTier0->currentIndex());
+    }
+    labTier[2]->setEnabled(false);
+    comTier2->clear();
+    comTier2->setEnabled(false);
+    ResetMeasureTier();
+}
+
+void FoodListPage::ProcessTier1()
+{
+    if (comTier1->currentText().isEmpty()) {
+        labTier[2]->setEnabled(false);
+        comTier2->setEnabled(false);
+        comTier2->clear();
+    } else {
+        labTier[2]->setEnabled(true);
+        comTier2->setEnabled(true);
+        FillTier(2, comTier1->currentIndex());
+    }
+    if (comTier2->count() == 0 && comTier0->currentText() == QLatin1String(kFavoritesGroup.data(), kFavoritesGroup.size()))
+        AskAboutEmptyFavorites();
+    ResetMeasureTier();
+}
+
+void FoodListPage::AskAboutEmptyFavorites()
+{
+    const MsgResult answer = seams_.prompts.Message(QString::fromLatin1(texts::kCategoryEmpty),
+                                                    QString::fromLatin1(texts::kTitleCategoryEmpty),
+                                                    MsgIcon::Question, MsgButtons::YesNo);
+    if (answer == MsgResult::Yes)
+        seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
+                             kTopicFavoritesAndDishes);
+}
+
+void FoodListPage::ProcessTier2()
+{
+    if (comTier2->currentText().isEmpty()) {
+        ResetMeasureTier();
+        return;
+    }
+    comTier3->setEnabled(true);
+    FillTier(3, comTier2->currentIndex());
+    if (comTier3->count() == 1) {
+        comTier3->setCurrentIndex(0);
+        ProcessTier3();
+    } else {
+        comQuantity->setEnabled(false);
+        labTier[3]->setEnabled(false);
+        SetCopyToFavoritesEnabled(false);
+        labOf->setEnabled(false);
+        DisableItemInfo();
+    }
+}
+
+void FoodListPage::ProcessTier3()
+{
+    if (comTier3->currentText().isEmpty()) {
+        comQuantity->setEnabled(false);
+        labTier[3]->setEnabled(false);
+        labOf->setEnabled(false);
+        SetCopyToFavoritesEnabled(false);
+        DisableItemInfo();
+        return;
+    }
+    // The food is found by its position in the run, not by its text.
+    session_.chooser.currentFood =
+        AddInt16(session_.tierMap.Get(0, 3), static_cast<std::int16_t>(comTier3->currentIndex()));
+    comQuantity->setEnabled(true);
+    labTier[3]->setEnabled(true);
+    labOf->setEnabled(true);
+    EnableItemInfo();
+    ProcessData();
+    SetCopyToFavoritesEnabled(true);
+}
+
+void FoodListPage::ProcessTier(int tier)
+{
+    switch (tier) {
+    case 0: ProcessTier0(); break;
+    case 1: ProcessTier1(); break;
+    case 2: ProcessTier2(); break;
+    default: ProcessTier3(); break;
+    }
+}
+
+void FoodListPage::btnNewItem_Click()
+{
+    NewItem();
+    // The keyboard goes on where the choice starts.
+    comTier0->setFocus(Qt::OtherFocusReason);
+}
+
+void FoodListPage::btnSearch_Click()
+{
+    // Window-modal over the main window: nothing there takes input while
+    // the dialog is open.
+    if (!frmSearch)
+        frmSearch = new SearchDialog(session_, seams_, *this, window());
+    frmSearch->guard = guard;
+    frmSearch->open();
+}
+
+void FoodListPage::NewItem()
+{
+    session_.chooser.addingNewItem = true;
+    btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionAddToList));
+    DisableTiers();
+    comTier0->setEnabled(true);
+    labTier[0]->setEnabled(true);
+    btnSearch->setEnabled(true);
+    btnDeleteItem->setEnabled(false);
+}
+
+void FoodListPage::DisableTiers()
+{
+    comTier0->setCurrentIndex(-1);
+    comTier0->setEnabled(false);
+    labTier[0]->setEnabled(false);
+    for (QComboBox* combo : {comTier1, comTier2, comTier3}) {
+        combo->clear();
+        combo->setEnabled(false);
+    }
+    for (int t = 1; t < 4; ++t)
+        labTier[t]->setEnabled(false);
+    labOf->setEnabled(false);
+    // Back to the quantity offered at start-up.
+    comQuantity->setCurrentIndex(comQuantity->count() > kDefaultQuantityEntry ? kDefaultQuantityEntry : -1);
+    comQuantity->setEnabled(false);
+    DisableItemInfo();
+    btnAcceptItem->setEnabled(false);
+    btnSearch->setEnabled(false);
+    SetCopyToFavoritesEnabled(false);
+}
+
+void FoodListPage::EnableTiers()
+{
+    comTier0->setEnabled(true);
+    for (QLabel* label : labTier)
+        label->setEnabled(true);
+    for (QComboBox* combo : {comTier1, comTier2, comTier3}) {
+        combo->clear();
+        combo->setEnabled(true);
+    }
+    labOf->setEnabled(true);
+    comQuantity->setEnabled(true);
+    DisableItemInfo();
+    btnAcceptItem->setEnabled(true);
+}
+
+void FoodListPage::RecreateTiers(int index)
+{
+    const FoodTable& table = session_.foodTable;
+    const std::array<QString, 4> wanted = {
+        QString::fromLatin1(table.Group(index)), QString::fromLatin1(table.Subgroup(index)),
+        QString::fromLatin1(table.Description(index)), QString::fromLatin1(table.Measure(index))};
+    for (int tier = 0; tier < 4; ++tier) {
+        QComboBox* combo = TierCombo(tier);
+        int position = -1;
+        for (int j = 0; j < combo->count(); ++j) {
+            if (combo->itemText(j) == wanted[tier]) {
+                position = j;
+                break;
+            }
+        }
+        // The selection is a choice at this tier, as a pick would be.
+        combo->setCurrentIndex(position);
+        ProcessTier(tier);
+        labTier[tier]->setEnabled(true);
+        combo->setEnabled(true);
+        // A record not listed at this tier (the empty-description record that
+        // keeps an empty group) has nothing below it to show.
+        if (position < 0)
+            return;
+        if (tier < 3)
+            FillTier(tier + 1, position);
+    }
+}
+
+void FoodListPage::EnableItemInfo()
+{
+    SetDeleteFromDatabaseEnabled(true);
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(true);
+        labNutrVal[i]->setEnabled(true);
+        labNutrUnit[i]->setEnabled(true);
+    }
+}
+
+void FoodListPage::DisableItemInfo()
+{
+    SetDeleteFromDatabaseEnabled(false);
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(false);
+        labNutrVal[i]->setEnabled(false);
+        labNutrUnit[i]->setEnabled(false);
+        labNutrVal[i]->clear();
+    }
+}
+
+void FoodListPage::EnableUnits()
+{
+    const bool byUnits = ViewByUnits();
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(true);
+        labNutrVal[i]->setEnabled(true);
+        labNutrUnit[i]->setEnabled(true);
+        labNutrUnit[i]->setText(QString::fromLatin1(byUnits ? kQuantityUnits[i] : texts::kUnitDV));
+    }
+}
+
+void FoodListPage::DisableUnits()
+{
+    for (int i = 0; i < 8; ++i) {
+        labNutr[i]->setEnabled(false);
+        labNutrVal[i]->setEnabled(false);
+        labNutrUnit[i]->setEnabled(false);
+    }
+}
+
+void FoodListPage::DisplayFoodNutrients(int index)
+{
+    ChooserState& state = session_.chooser;
+    const ScaledNutrients scaled =
+        ScaleNutrients(session_.foodTable.Values(index), state.currentQuantity, session_.dailyValues);
+    state.currentNutrients = scaled.amounts;
+    state.currentPercents = scaled.percents;
+    const bool byUnits = ViewByUnits();
+    for (int i = 0; i < 8; ++i)
+        labNutrVal[i]->setText(QString::number(byUnits ? scaled.amounts[i] : scaled.percents[i]));
+}
+
+void FoodListPage::ProcessData()
+{
+    ChooserState& state = session_.chooser;
+    if (comQuantity->isEnabledTo(this)) {
+        // A copy: the box keeps the text as typed, which the list stores.
+        std::string text = comQuantity->currentText().toLatin1().toStdString();
+        state.currentQuantity = ParseQuantity(text);
+    }
+    const float quantity = state.currentQuantity;
+    if (quantity < 0.0f) {
+        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityInputError),
+                               QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
+        comQuantity->setEditText(QString());
+        DisableUnits();
+    } else if (quantity > kMaxQuantity) {
+        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityLimit),
+                               QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
+        comQuantity->setEditText(QString());
+        DisableUnits();
+    } else if (quantity == 0.0f) {  // nothing from 100 up gets this far
+        DisableUnits();
+        btnAcceptItem->setEnabled(false);
+    } else {
+        EnableUnits();
+        btnAcceptItem->setEnabled(true);
+        DisplayFoodNutrients(state.currentFood);
+    }
+}
+
+void FoodListPage::comQuantity_Click() { ProcessData(); }
+
+void FoodListPage::comQuantity_KeyUp() { ProcessData(); }
+
+bool FoodListPage::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool quantityBox = watched == comQuantity || watched == comQuantity->lineEdit();
+    const bool enterKey = (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) &&
+                          (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    if (quantityBox && enterKey) {
+        // Enter presses "Add to List" or "Change" when it may be pressed;
+        // it changes no text, so it parses nothing.
+        if (event->type() == QEvent::KeyPress && btnAcceptItem->isEnabled()) {
+            btnAcceptItem->click();
+            btnNewItem->setFocus(Qt::OtherFocusReason);
+        }
+        return true;
+    }
+    if (event->type() == QEvent::KeyRelease && quantityBox)
+        RunGuarded(guard, [this] { comQuantity_KeyUp(); });
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace pw

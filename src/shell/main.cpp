@@ -1,3 +1,0 @@
-#include "shell/AppRunner.h"
-
-int main(int argc, char** argv) { return pw::RunPlatewell(argc, argv); }

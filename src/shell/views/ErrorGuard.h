@@ -1,0 +1,64 @@
+#pragma once
+// Where a run-time error from the model ends up: one critical message that
+// names it, and the end of the program without writing any file.
+#include <exception>
+#include <functional>
+#include <utility>
+
+#include "core/RunTimeError.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+class ErrorGuard {
+public:
+    // afterReport runs once the user has answered the message; the program
+    // passes one that ends the process there and then, so no code that was
+    // waiting below the message can write a file afterwards.
+    ErrorGuard(Session& session, Prompts& prompts, std::function<void()> afterReport = {})
+        : session_(session), prompts_(prompts), afterReport_(std::move(afterReport))
+    {
+    }
+
+    // Runs work; returns false when it raised a run-time error (reported).
+    template <class Work>
+    bool Run(Work&& work)
+    {
+        if (session_.ended)
+            return false;
+        try {
+            std::forward<Work>(work)();
+            return true;
+        } catch (const RunTimeError& error) {
+            Report(error);
+        } catch (const std::bad_alloc&) {
+            Report(RunTimeError(ErrorKind::InvalidCall, "out of memory"));
+        }
+        return false;
+    }
+
+    void Report(const RunTimeError& error);
+    bool Failed() const { return failed_; }
+    // The program is ending: after a run-time error, or once its exit ran.
+    bool Ended() const { return session_.ended; }
+
+private:
+    Session& session_;
+    Prompts& prompts_;
+    std::function<void()> afterReport_;
+    bool failed_ = false;
+};
+
+// Runs work inside guard when there is one. A window built on its own, as a
+// test builds it, has none and lets the error through to its caller.
+template <class Work>
+void RunGuarded(ErrorGuard* guard, Work&& work)
+{
+    if (guard)
+        guard->Run(std::forward<Work>(work));
+    else
+        std::forward<Work>(work)();
+}
+
+}  // namespace pw

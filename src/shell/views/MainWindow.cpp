@@ -1,0 +1,647 @@
+#include "shell/views/MainWindow.h"
+
+#include <QAction>
+#include <algorithm>
+#include <QActionGroup>
+#include <QApplication>
+#include <QScreen>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDate>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QResizeEvent>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QWidget>
+
+#include "analysis/AnalysisFile.h"
+#include "analysis/views/AnalysisFileCommands.h"
+#include "analysis/views/AnalysisPage.h"
+#include "printing/views/NutrientChart.h"
+#include "printing/Report.h"
+#include "printing/views/ReportCommands.h"
+#include "shell/views/AboutBox.h"
+#include "analysis/views/ProfilePage.h"
+#include "core/LineFile.h"
+#include "core/Text.h"
+#include "dialogs/views/AddFoodDialog.h"
+#include "dialogs/views/CopyFavoritesDialog.h"
+#include "dialogs/views/SaveDishDialog.h"
+#include "fooddb/DataFile.h"
+#include "fooddb/FoodEditing.h"
+#include "foodlist/FoodList.h"
+#include "foodlist/views/FoodListGrid.h"
+#include "foodlist/views/FoodListPage.h"
+#include "foodlist/FoodListTexts.h"
+#include "shell/views/ErrorGuard.h"
+#include "shell/views/Seams.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+namespace {
+
+// Layout of the main window, in twips.
+constexpr int kTabWidth = 7512;
+constexpr int kTabHeight = 3420;
+constexpr int kTabTop = 60;
+constexpr int kGridLeft = 60;
+constexpr int kGridTop = 3540;
+constexpr int kGridWidthMargin = 216;
+constexpr int kGridHeightMargin = 4200;
+constexpr int kTabHalfWidth = 3756;
+
+const char* const kTutorialQuestion =
+    "Would you like to view the Quick Tutorial?\r\n\r\nYou can master this program in less than three minutes!";
+const char* const kTutorialTitle = "View Quick Tutorial?";
+const char* const kWebPageAddress = "https://platewell.example.org/";
+const char* const kWebPageFailed =
+    "Unable to open your web browser.\r\nIf you are able to do so manually, please visit our site at:\r\n";
+const char* const kWebPageTitle = "Platewell's Web Site";
+const char* const kDisclaimerTitle = "Important Disclaimer";
+const char* const kDisclaimerLines[] = {
+    "Although the nutrition database is believed to be accurate,",
+    "this program is provided AS IS, and there is no warranty",
+    "for the accuracy of the nutritional database or for the",
+    "interpretation of data or analysis.",
+    "",
+    "Data analysis is intended for healthy adults only.",
+    "However, this program is not intended to replace the",
+    "services of a qualified health care provider, dietician,",
+    "nutritionist, or physician.",
+};
+
+QAction* AddItem(QMenu* menu, const char* name, const char* caption)
+{
+    QAction* action = menu->addAction(QString::fromLatin1(caption));
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
+}
+
+QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
+{
+    QMenu* menu = nullptr;
+    if (auto* bar = qobject_cast<QMenuBar*>(parentMenu))
+        menu = bar->addMenu(QString::fromLatin1(caption));
+    else
+        menu = static_cast<QMenu*>(parentMenu)->addMenu(QString::fromLatin1(caption));
+    menu->setObjectName(QString::fromLatin1(name));
+    menu->menuAction()->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+
+// A menu's title in the bar follows the menu's own enabled state, so both
+// are set (the bar re-enabling its children must not re-enable the menu).
+void SetMenuEnabled(QMenu* menu, bool enabled)
+{
+    menu->setEnabled(enabled);
+    menu->menuAction()->setEnabled(enabled);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent)
+    : QMainWindow(parent), session_(session), seams_(seams), guard_(guard)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Platewell"));
+    BuildMenus();
+    BuildCentre();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildMenus()
+{
+    QMenuBar* bar = menuBar();
+    mnuFile = AddMenu(bar, "mnuFile", "&File");
+    mnuOpen = AddItem(mnuFile, "mnuOpen", "&Open Analysis...");
+    mnuSave = AddItem(mnuFile, "mnuSave", "&Save Analysis...");
+    mnuClearList = AddItem(mnuFile, "mnuClearList", "&Clear List");
+    mnuFile->addSeparator();
+    mnuPrint = AddMenu(mnuFile, "mnuPrint", "&Print");
+    mnuList = AddItem(mnuPrint, "mnuList", "Food &List");
+    mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
+    mnuPrintPreview = AddItem(mnuFile, "mnuPrintPreview", "Print Pre&view...");
+    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as &PDF...");
+    mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Export as &CSV...");
+    mnuFile->addSeparator();
+    mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
+    mnuOpen->setShortcut(QKeySequence::Open);
+    mnuSave->setShortcut(QKeySequence::Save);
+    mnuPrintAnalysis->setShortcut(QKeySequence::Print);
+
+    mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
+    mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
+    mnuSaveAsDish = AddItem(mnuDatabase, "mnuSaveAsDish", "&Save List as Dish...");
+    mnuCopyToFavorites = AddItem(mnuDatabase, "mnuCopyToFavorites", "&Copy Item to Favorites...");
+    mnuDatabase->addSeparator();
+    mnuDeleteFromDatabase = AddItem(mnuDatabase, "mnuDeleteFromDatabase", "&Delete Item from Database");
+
+    mnuViewBy = AddMenu(bar, "mnuViewBy", "&View");
+    mnuViewByUnits = AddItem(mnuViewBy, "mnuViewByUnits", "&Units");
+    mnuViewByDV = AddItem(mnuViewBy, "mnuViewByDV", "Percent of &Daily Value (%DV)");
+    auto* viewGroup = new QActionGroup(this);  // one of the two is checked
+    for (QAction* view : {mnuViewByUnits, mnuViewByDV}) {
+        view->setCheckable(true);
+        viewGroup->addAction(view);
+    }
+
+    mnuOptions = AddMenu(bar, "mnuOptions", "&Options");
+    mnuShowTip = AddItem(mnuOptions, "mnuShowTip", "&Show \"Tip of the Day\" at startup");
+    mnuRememberWindowSize = AddItem(mnuOptions, "mnuRememberWindowSize", "Remember &Window Size");
+    mnuRememberColumnWidth = AddItem(mnuOptions, "mnuRememberColumnWidth", "Remember &Column Widths");
+    for (QAction* toggle : {mnuShowTip, mnuRememberWindowSize, mnuRememberColumnWidth})
+        toggle->setCheckable(true);
+
+    mnuHelp = AddMenu(bar, "mnuHelp", "&Help");
+    mnuQuickTutorial = AddItem(mnuHelp, "mnuQuickTutorial", "&Quick Tutorial");
+    mnuHelpContents = AddItem(mnuHelp, "mnuHelpContents", "&Contents...");
+    mnuHelpIndex = AddItem(mnuHelp, "mnuHelpIndex", "&Index");
+    mnuHelpOnHelp = AddItem(mnuHelp, "mnuHelpOnHelp", "&How to use Help");
+    mnuHelp->addSeparator();
+    mnuTechSupport = AddItem(mnuHelp, "mnuTechSupport", "&Technical Support");
+    mnuPlatewellWeb = AddItem(mnuHelp, "mnuPlatewellWeb", "Platewell's &Web Site");
+    mnuDisclaimer = AddItem(mnuHelp, "mnuDisclaimer", "Important &Disclaimer");
+    mnuHelp->addSeparator();
+    mnuAbout = AddItem(mnuHelp, "mnuAbout", "&About Platewell");
+
+    // The commands on the chosen food wait until a food is chosen.
+    for (QAction* onChosenFood : {mnuCopyToFavorites, mnuDeleteFromDatabase})
+        onChosenFood->setEnabled(false);
+    // Nothing to save, print or clear while the list is empty.
+    UpdateListMenus();
+    // A new profile starts invalid: nothing to view until it is complete.
+    SetMenuEnabled(mnuViewBy, false);
+
+    auto guarded = [this](QAction* action, auto handler) {
+        connect(action, &QAction::triggered, this, [this, handler] { guard_.Run([&] { (this->*handler)(); }); });
+    };
+    guarded(mnuExit, &MainWindow::Egress);
+    guarded(mnuClearList, &MainWindow::mnuClearList_Click);
+    connect(mnuOpen, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuOpen_Click(); }); });
+    connect(mnuSave, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuSave_Click(); }); });
+    guarded(mnuDisclaimer, &MainWindow::Disclaimer);
+    guarded(mnuAbout, &MainWindow::mnuAbout_Click);
+    guarded(mnuList, &MainWindow::mnuList_Click);
+    guarded(mnuPrintAnalysis, &MainWindow::mnuPrintAnalysis_Click);
+    guarded(mnuPrintPreview, &MainWindow::mnuPrintPreview_Click);
+    guarded(mnuExportPdf, &MainWindow::mnuExportPdf_Click);
+    guarded(mnuExportCsv, &MainWindow::mnuExportCsv_Click);
+    guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
+    guarded(mnuAddCustomItem, &MainWindow::mnuAddCustomItem_Click);
+    guarded(mnuSaveAsDish, &MainWindow::mnuSaveAsDish_Click);
+    guarded(mnuCopyToFavorites, &MainWindow::mnuCopyToFavorites_Click);
+    guarded(mnuDeleteFromDatabase, &MainWindow::mnuDeleteFromDatabase_Click);
+    guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
+    guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
+    guarded(mnuRememberColumnWidth, &MainWindow::mnuRememberColumnWidth_Click);
+    connect(mnuViewByUnits, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(false); }); });
+    connect(mnuViewByDV, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(true); }); });
+
+    auto help = [this](QAction* action, const char* file, int command, std::optional<int> context) {
+        connect(action, &QAction::triggered, this,
+                [this, file, command, context] { ShowHelpTopic(file, command, context); });
+    };
+    help(mnuQuickTutorial, "pw.hlp", kHelpContext, kTopicQuickTutorial);
+    help(mnuHelpContents, "pw.hlp", kHelpContext, kTopicContents);
+    help(mnuHelpIndex, "pw.hlp", kHelpIndex, kTopicQuickTutorial);
+    help(mnuHelpOnHelp, "pw.hlp", kHelpHelpOnHelp, std::nullopt);
+    help(mnuTechSupport, "pw.hlp", kHelpContext, kTopicTechnicalSupport);
+}
+
+void MainWindow::BuildCentre()
+{
+    auto* centre = new QWidget(this);
+    centre->setObjectName(QStringLiteral("centre"));
+    setCentralWidget(centre);
+
+    tabMain = new QTabWidget(centre);
+    tabMain->setObjectName(QStringLiteral("tabMain"));
+    profilePage = new ProfilePage(session_, seams_, tabMain);
+    profilePage->guard = &guard_;
+    foodListPage = new FoodListPage(session_, seams_, tabMain);
+    foodListPage->guard = &guard_;
+    foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
+                            [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
+                            [this] { return ViewByUnits(); }});
+    analysisPage = new AnalysisPage(session_, tabMain);
+    chartNutrients = new NutrientChart(analysisPage);
+    analysisPage->AddChart(chartNutrients);
+    reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
+                                                QString::fromStdString(session_.programFolder));
+    tabMain->addTab(profilePage, QStringLiteral("&Profile"));
+    tabMain->addTab(foodListPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
+    tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
+    connect(profilePage, &ProfilePage::profileValidated, this,
+            [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
+    connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
+    connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
+    // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
+    auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(helpKey, &QShortcut::activated, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2)); });
+
+    gridMain = new QTableWidget(centre);
+    gridMain->setObjectName(QStringLiteral("gridMain"));
+    gridMain->setColumnCount(13);
+    gridMain->setRowCount(0);
+    gridMain->verticalHeader()->setVisible(false);
+    gridMain->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    gridMain->setSelectionBehavior(QAbstractItemView::SelectRows);
+    gridMain->setSelectionMode(QAbstractItemView::SingleSelection);
+    gridMain->horizontalHeader()->setHighlightSections(false);
+    // One line a row: a long description is cut short, not wrapped into a
+    // row too low to show its second line.
+    gridMain->setWordWrap(false);
+    gridMain->verticalHeader()->setDefaultSectionSize(gridMain->fontMetrics().height() + 6);
+    gridMain->setEnabled(false);
+
+    GridHooks gridHooks;
+    gridHooks.populateGridHeader = [this] { PopulateGridHeader(); };
+    gridHooks.viewByUnits = [this] { return ViewByUnits(); };
+    gridHooks.setDailyIntake = [this](int i, const QString& text) {
+        analysisPage->SetDailyIntake(i, text);
+        RefreshChart();
+    };
+    gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
+    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
+    listFile = new AnalysisFileCommands(session_, seams_, *this, *profilePage, *analysisPage, *foodListPage, *listGrid,
+                                        this);
+}
+
+int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
+int MainWindow::DpiY() const { return logicalDpiY() > 0 ? logicalDpiY() : 96; }
+int MainWindow::WidthTwips() const { return width_.Twips(width(), DpiX()); }
+int MainWindow::HeightTwips() const { return height_.Twips(height(), DpiY()); }
+
+void MainWindow::Form_Load()
+{
+    loading_ = true;
+    menuBar()->setEnabled(false);  // no command may start while the table loads
+    Settings& s = session_.settings;
+
+    mnuShowTip->setChecked(s.showTips);
+    if (!s.rememberColumnWidths) {
+        mnuRememberColumnWidth->setChecked(false);
+        s.columnWidths = kDefaultColumnWidths;
+    } else {
+        mnuRememberColumnWidth->setChecked(true);
+    }
+
+    setMinimumSize(TwipsToPx(kDefaultWindowWidth, DpiX()), TwipsToPx(kDefaultWindowHeight, DpiY()));
+    bool maximise = false;
+    if (s.rememberWindowSize) {
+        mnuRememberWindowSize->setChecked(true);
+        maximise = s.windowState < 0 || s.windowState > 1;
+    } else {
+        mnuRememberWindowSize->setChecked(false);
+        s.windowWidth = kDefaultWindowWidth;
+        s.windowHeight = kDefaultWindowHeight;
+    }
+    // A remembered size never exceeds the screen: the tabs stay in view.
+    QSize size(width_.SetTwips(s.windowWidth, DpiX()), height_.SetTwips(s.windowHeight, DpiY()));
+    if (const QScreen* shown = screen() ? screen() : QGuiApplication::primaryScreen())
+        size = size.boundedTo(shown->availableGeometry().size());
+    resize(size);
+
+    tabMain->setTabEnabled(0, true);
+    tabMain->setTabEnabled(1, false);
+    tabMain->setTabEnabled(2, false);
+    PopulateGridHeader();
+
+    if (maximise)
+        showMaximized();
+    else
+        showNormal();
+    QCoreApplication::processEvents();
+
+    profilePage->ReadDefaultPWP();
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QElapsedTimer sincePaint;
+    sincePaint.start();
+    // Let the window repaint while the records load, without paying for an
+    // event-loop pass on every one of several thousand records.
+    LoadDatabaseRecords(session_.foodTable, [&sincePaint](int) {
+        if (sincePaint.elapsed() >= 15) {
+            QCoreApplication::processEvents();
+            sincePaint.restart();
+        }
+    });
+    foodListPage->RebuildTierMap();
+    QApplication::restoreOverrideCursor();
+
+    foodListPage->FillQuantityList();
+
+    SetViewMode(s.viewMode == kViewDV);
+    QCoreApplication::processEvents();
+    menuBar()->setEnabled(true);
+    loading_ = false;
+
+    if (session_.tutorialPending) {
+        session_.tutorialPending = false;
+        if (seams_.prompts.Message(QString::fromLatin1(kTutorialQuestion), QString::fromLatin1(kTutorialTitle),
+                                   MsgIcon::Question, MsgButtons::YesNo) == MsgResult::Yes)
+            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext, kTopicQuickTutorial);
+    }
+}
+
+void MainWindow::PopulateGridHeader()
+{
+    QStringList captions;
+    for (const char* caption : kColumnCaptions)
+        captions << QString::fromLatin1(caption);
+    gridMain->setHorizontalHeaderLabels(captions);
+    for (int c = 0; c < kGridColumns; ++c)
+        gridMain->setColumnWidth(c, columns_[c].SetTwips(session_.settings.columnWidths[c], DpiX()));
+}
+
+bool MainWindow::ViewByUnits() const { return mnuViewByUnits->isChecked(); }
+
+void MainWindow::SetViewMode(bool byDV)
+{
+    mnuViewByUnits->setChecked(!byDV);
+    mnuViewByDV->setChecked(byDV);
+    session_.settings.viewMode = byDV ? kViewDV : kViewUnits;
+    ChangeView();
+}
+
+void MainWindow::ChangeView()
+{
+    foodListPage->SetUnitCaptions(!ViewByUnits());
+    if (foodListPage->FoodChosen())
+        foodListPage->DisplayFoodNutrients(session_.chooser.currentFood);
+    RefreshGrid();
+    // The daily intake again, as percents written without the blank that a
+    // written row leaves before "DV".
+    listGrid->ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentUnspaced);
+}
+
+void MainWindow::RefreshGrid() { listGrid->RefreshGrid(); }
+
+void MainWindow::mnuClearList_Click() { listFile->mnuClearList_Click(); }
+
+void MainWindow::UpdateListMenus()
+{
+    const ListCommandStates allowed = ListCommandsFor(session_.foodList.Count());
+    mnuClearList->setEnabled(allowed.clear);
+    mnuSave->setEnabled(allowed.save);
+    SetMenuEnabled(mnuPrint, allowed.print);
+    mnuList->setEnabled(allowed.print);
+    mnuPrintAnalysis->setEnabled(allowed.print);
+    for (QAction* report : {mnuPrintPreview, mnuExportPdf, mnuExportCsv})
+        report->setEnabled(allowed.print);
+    mnuSaveAsDish->setEnabled(allowed.saveAsDish);
+}
+
+void MainWindow::OnProfileValidated(bool valid)
+{
+    tabMain->setTabEnabled(1, valid);
+    tabMain->setTabEnabled(2, valid);
+    mnuAddCustomItem->setEnabled(true);
+    gridMain->setEnabled(valid);
+    SetMenuEnabled(mnuViewBy, valid);
+    if (valid) {
+        analysisPage->UpdateSummary();
+        RefreshGrid();
+    }
+    RefreshChart();
+}
+
+void MainWindow::ShowHelpTopic(const char* file, int command, std::optional<int> context)
+{
+    seams_.help.ShowHelp(InFolder(session_.programFolder, QString::fromLatin1(file)), command, context);
+}
+
+void MainWindow::mnuShowTip_Click()
+{
+    // The action has already flipped its check mark.
+    session_.settings.showTips = mnuShowTip->isChecked();
+    if (session_.settings.showTips)
+        session_.settings.currentTip = 0;
+}
+
+void MainWindow::mnuRememberWindowSize_Click()
+{
+    session_.settings.rememberWindowSize = mnuRememberWindowSize->isChecked();
+}
+
+void MainWindow::mnuRememberColumnWidth_Click()
+{
+    session_.settings.rememberColumnWidths = mnuRememberColumnWidth->isChecked();
+}
+
+ReportSource MainWindow::CurrentReportSource() const
+{
+    return {session_.profile, session_.dailyValues, session_.foodList,
+            QDate::currentDate().toString(Qt::ISODate).toStdString()};
+}
+
+void MainWindow::RefreshChart()
+{
+    const DailyValues none{};
+    chartNutrients->SetData(BuildChartData(session_.profile.valid ? session_.dailyValues : none,
+                                           session_.foodList.Totals()));
+}
+
+void MainWindow::mnuList_Click() { reports_->PrintReport(BuildFoodListReport(CurrentReportSource(), ViewByUnits())); }
+
+void MainWindow::mnuPrintAnalysis_Click() { reports_->PrintReport(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuPrintPreview_Click() { reports_->PreviewReport(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuExportPdf_Click() { reports_->ExportPdf(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuExportCsv_Click()
+{
+    const ReportSource source = CurrentReportSource();
+    reports_->ExportCsv(session_.foodList, session_.profile.inputs.name, source.dateText);
+}
+
+void MainWindow::mnuAbout_Click()
+{
+    if (!aboutBox)
+        aboutBox = new AboutBox(session_, this);
+    aboutBox->open();
+}
+
+void MainWindow::DatabaseMaxedOut()
+{
+    seams_.prompts.Message(std::string(texts::kDatabaseMaxedOut), std::string(texts::kTitleNoRoom), MsgIcon::Critical);
+}
+
+void MainWindow::mnuAddCustomItem_Click()
+{
+    if (session_.foodTable.IsFull()) {
+        DatabaseMaxedOut();
+        return;
+    }
+    if (!frmAdd)
+        frmAdd = new AddFoodDialog(session_, seams_, *this, this);
+    frmAdd->guard = &guard_;
+    frmAdd->open();
+}
+
+void MainWindow::mnuSaveAsDish_Click()
+{
+    if (!frmSaveList)
+        frmSaveList = new SaveDishDialog(session_, seams_, *this, this);
+    frmSaveList->guard = &guard_;
+    frmSaveList->open();
+}
+
+void MainWindow::mnuCopyToFavorites_Click()
+{
+    if (session_.foodTable.IsFull()) {
+        DatabaseMaxedOut();
+        return;
+    }
+    if (!frmCopy)
+        frmCopy = new CopyFavoritesDialog(session_, seams_, *this, this);
+    frmCopy->guard = &guard_;
+    frmCopy->open();
+}
+
+void MainWindow::mnuDeleteFromDatabase_Click()
+{
+    FoodListPage& chooser = *foodListPage;
+    const std::string title = texts::kTitleDeleteFromDatabase;
+    // The chosen description with all its measures, the run the measure
+    // tier lists.
+    const int first = session_.tierMap.Get(0, 3);
+    const int n = chooser.comTier3->count();
+    if (n < 1)
+        return;
+    const FoodList& list = session_.foodList;
+    for (int row = 1; row <= list.Count(); ++row) {
+        const int index = list.Entry(row).foodIndex;
+        if (index >= first && index <= first + n - 1) {
+            seams_.prompts.Message(std::string(texts::kDeleteFoodInUse), title, MsgIcon::Exclamation);
+            mnuDeleteFromDatabase->setEnabled(false);
+            return;
+        }
+    }
+    const auto text = [](const QComboBox* combo) { return combo->currentText().toLatin1().toStdString(); };
+    const std::string question =
+        DeleteFoodQuestion(text(chooser.comTier0), text(chooser.comTier1), text(chooser.comTier2));
+    if (seams_.prompts.Message(question, title, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
+        seams_.prompts.Message(std::string(texts::kDeletionCanceled), title, MsgIcon::Information);
+        return;
+    }
+    DeleteFoods(session_.foodTable, first, n);
+    chooser.DisableTiers();
+    seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
+    chooser.RebuildTierMap();
+}
+
+void MainWindow::mnuPlatewellWeb_Click()
+{
+    const QString address = QString::fromLatin1(kWebPageAddress);
+    if (!seams_.help.OpenWebPage(address))
+        seams_.prompts.Message(QString::fromLatin1(kWebPageFailed) + address, QString::fromLatin1(kWebPageTitle),
+                               MsgIcon::Exclamation);
+}
+
+void MainWindow::Disclaimer()
+{
+    std::vector<std::string> lines(std::begin(kDisclaimerLines), std::end(kDisclaimerLines));
+    seams_.prompts.Beep();
+    seams_.prompts.Message(QString::fromLatin1(JoinLines(lines)), QString::fromLatin1(kDisclaimerTitle),
+                           MsgIcon::Critical);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    Form_Resize();
+}
+
+void MainWindow::Form_Resize()
+{
+    if (isMinimized())
+        return;
+    const int dpiX = DpiX();
+    const int dpiY = DpiY();
+    const int minWidth = TwipsToPx(kDefaultWindowWidth, dpiX);
+    const int minHeight = TwipsToPx(kDefaultWindowHeight, dpiY);
+    if (!isMaximized() && !isFullScreen() && (width() < minWidth || height() < minHeight)) {
+        resize(std::max(width(), minWidth), std::max(height(), minHeight));
+        return;  // the resize comes back here with the new size
+    }
+    const int w = WidthTwips();
+    const int h = HeightTwips();
+    gridMain->setGeometry(TwipsToPx(kGridLeft, dpiX), TwipsToPx(kGridTop, dpiY),
+                          TwipsToPx(w - kGridWidthMargin, dpiX), TwipsToPx(h - kGridHeightMargin, dpiY));
+    tabMain->setGeometry(TwipsToPx(w / 2 - kTabHalfWidth, dpiX), TwipsToPx(kTabTop, dpiY), TwipsToPx(kTabWidth, dpiX),
+                         TwipsToPx(kTabHeight, dpiY));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (loading_) {
+        event->ignore();
+        return;
+    }
+    guard_.Run([&] { Egress(); });
+    event->accept();
+}
+
+void MainWindow::Egress()
+{
+    if (egressDone_ || session_.ended)
+        return;
+    egressDone_ = true;
+    Settings& s = session_.settings;
+
+    // Each file on its own: one that cannot be written (a full disk, a folder
+    // made read-only) is told with the offer to try again, and the others are
+    // still saved.
+    const QString title = QStringLiteral("Platewell");
+    SaveOrTell(seams_.prompts, title, [&] { profilePage->WriteDefaultPWP(); }, true);
+
+    if (!s.rememberColumnWidths) {
+        s.columnWidths = kDefaultColumnWidths;
+    } else {
+        for (int c = 0; c < kGridColumns; ++c)
+            s.columnWidths[c] = columns_[c].Twips(gridMain->columnWidth(c), DpiX());
+    }
+    if (s.rememberWindowSize) {
+        s.windowWidth = WidthTwips();
+        s.windowHeight = HeightTwips();
+    } else {
+        s.windowWidth = kDefaultWindowWidth;
+        s.windowHeight = kDefaultWindowHeight;
+    }
+    s.windowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    SaveOrTell(seams_.prompts, title, [&] { WriteSettings(session_.programFolder, s); }, true);
+
+    std::string dataPath = FindFileNoCase(session_.programFolder, kDataFileName);
+    if (dataPath.empty())
+        dataPath = JoinPath(session_.programFolder, kDataFileName);
+    SaveOrTell(seams_.prompts, title, [&] {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        try {
+            SaveDatabase(session_.foodTable, dataPath);
+        } catch (...) {
+            QApplication::restoreOverrideCursor();
+            throw;
+        }
+        QApplication::restoreOverrideCursor();
+    }, true);
+
+    if (listFile->ListNeedsSaving())
+        listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleExit), true);
+
+    session_.ended = true;
+    QCoreApplication::exit(0);
+}
+
+}  // namespace pw

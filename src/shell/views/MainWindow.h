@@ -1,0 +1,161 @@
+#pragma once
+// The main window: the profile, food-list and analysis tabs, the grid of
+// chosen foods, the menus, the resize rule and the one way out, Egress.
+#include <QMainWindow>
+#include <array>
+#include <memory>
+
+#include "shell/views/Twips.h"
+
+class QAction;
+class QMenu;
+class QTabWidget;
+class QTableWidget;
+
+namespace pw {
+
+class AboutBox;
+class AddFoodDialog;
+class AnalysisFileCommands;
+class AnalysisPage;
+class CopyFavoritesDialog;
+class ErrorGuard;
+class FoodListGrid;
+class FoodListPage;
+class NutrientChart;
+class ReportCommands;
+struct ReportSource;
+class ProfilePage;
+class SaveDishDialog;
+struct Seams;
+struct Session;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // The main window's start-up: menus and geometry from the settings, the
+    // grid header, the default profile, the food table's records and group
+    // list, the quantity list, the view and the first-run tutorial offer.
+    void Form_Load();
+    // Shutdown, in order: default profile, column widths, window size and
+    // state, pw.ini, data.dat, the offer to save an unsaved list; then the
+    // program ends. Runs once.
+    void Egress();
+    void Disclaimer();
+    bool EgressDone() const { return egressDone_; }
+
+    void PopulateGridHeader();
+    // Redraws everything that shows nutrient values in the current view: the
+    // chooser's units and values, the grid and the daily intake.
+    void ChangeView();
+    // The grid's header and every row of the list.
+    void RefreshGrid();
+    bool ViewByUnits() const;
+    // The message that the food table holds its 4,000 foods.
+    void DatabaseMaxedOut();
+    // Opens the dialog that saves the list as a dish, with no capacity
+    // test: a full table is reported when the dish is saved.
+    void mnuSaveAsDish_Click();
+
+    QTabWidget* tabMain = nullptr;
+    QTableWidget* gridMain = nullptr;
+    ProfilePage* profilePage = nullptr;
+    FoodListPage* foodListPage = nullptr;
+    AnalysisPage* analysisPage = nullptr;
+    FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
+    NutrientChart* chartNutrients = nullptr;  // on the analysis tab
+    AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
+    AboutBox* aboutBox = nullptr;  // created on first use
+    // The dialogs that add foods to the table, created on first use.
+    AddFoodDialog* frmAdd = nullptr;
+    SaveDishDialog* frmSaveList = nullptr;
+    CopyFavoritesDialog* frmCopy = nullptr;
+
+    // Menus and items, named as their objectName.
+    QMenu* mnuFile = nullptr;
+    QMenu* mnuPrint = nullptr;
+    QMenu* mnuDatabase = nullptr;
+    QMenu* mnuViewBy = nullptr;
+    QMenu* mnuOptions = nullptr;
+    QMenu* mnuHelp = nullptr;
+    QAction* mnuOpen = nullptr;
+    QAction* mnuSave = nullptr;
+    QAction* mnuClearList = nullptr;
+    QAction* mnuList = nullptr;
+    QAction* mnuPrintAnalysis = nullptr;
+    QAction* mnuPrintPreview = nullptr;
+    QAction* mnuExportPdf = nullptr;
+    QAction* mnuExportCsv = nullptr;
+    QAction* mnuExit = nullptr;
+    QAction* mnuAddCustomItem = nullptr;
+    QAction* mnuSaveAsDish = nullptr;
+    QAction* mnuCopyToFavorites = nullptr;
+    QAction* mnuDeleteFromDatabase = nullptr;
+    QAction* mnuViewByUnits = nullptr;
+    QAction* mnuViewByDV = nullptr;
+    QAction* mnuShowTip = nullptr;
+    QAction* mnuRememberWindowSize = nullptr;
+    QAction* mnuRememberColumnWidth = nullptr;
+    QAction* mnuQuickTutorial = nullptr;
+    QAction* mnuHelpContents = nullptr;
+    QAction* mnuHelpIndex = nullptr;
+    QAction* mnuHelpOnHelp = nullptr;
+    QAction* mnuTechSupport = nullptr;
+    QAction* mnuPlatewellWeb = nullptr;
+    QAction* mnuDisclaimer = nullptr;
+    QAction* mnuAbout = nullptr;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildCentre();
+    void Form_Resize();
+    void OnProfileValidated(bool valid);
+    void ShowHelpTopic(const char* file, int command, std::optional<int> context);
+    void mnuShowTip_Click();
+    void mnuAbout_Click();
+    void mnuList_Click();
+    void mnuPrintAnalysis_Click();
+    // The analysis report previewed or saved as a PDF; the list as CSV.
+    void mnuPrintPreview_Click();
+    void mnuExportPdf_Click();
+    void mnuExportCsv_Click();
+    ReportSource CurrentReportSource() const;
+    // The chart follows the list's totals and the daily values.
+    void RefreshChart();
+    void mnuPlatewellWeb_Click();
+    void mnuRememberWindowSize_Click();
+    void mnuRememberColumnWidth_Click();
+    void SetViewMode(bool byDV);
+    void mnuClearList_Click();
+    // The database commands: a custom food and the chosen food copied to
+    // Favorites are added, when there is room; the chosen food is deleted
+    // with all its measures.
+    void mnuAddCustomItem_Click();
+    void mnuCopyToFavorites_Click();
+    void mnuDeleteFromDatabase_Click();
+    // The list commands follow the list's length.
+    void UpdateListMenus();
+    int DpiX() const;
+    int DpiY() const;
+    int WidthTwips() const;
+    int HeightTwips() const;
+
+    Session& session_;
+    Seams& seams_;
+    std::unique_ptr<ReportCommands> reports_;
+    ErrorGuard& guard_;
+    bool loading_ = false;
+    bool egressDone_ = false;
+    TwipsLength width_;
+    TwipsLength height_;
+    std::array<TwipsLength, 13> columns_;
+};
+
+}  // namespace pw

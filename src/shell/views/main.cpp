@@ -1,0 +1,3 @@
+#include "shell/views/AppRunner.h"
+
+int main(int argc, char** argv) { return pw::RunPlatewell(argc, argv); }
