@@ -5,6 +5,9 @@ set -euo pipefail
 
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core)
+# The end-to-end tests run the program on an X server with a window manager
+# and read its message boxes over the accessibility bus.
+PACKAGES+=(python3 xvfb xauth openbox xdotool x11-utils imagemagick dbus-daemon libglib2.0-bin at-spi2-core)
 
 install_missing() {
     local missing=()
