@@ -4,7 +4,7 @@ checks that data.dat, pw.ini and default.pwp are each whole: either the old
 content or the new, never torn. Counts the temporary files a killed save
 leaves and those still there after the next start.
 
-    xvfb-run -a -s "-screen 0 1280x1024x24" kill_during_exit.py --exe build/platewell \
+    xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- kill_during_exit.py --exe build/platewell \
         --delivered build [--iterations 200] [--seed 1]
 
 Not a ctest test: it runs for many minutes.
@@ -16,8 +16,9 @@ import signal
 import sys
 import time
 
+sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desktop import ProgramFolder, Runner, ensure_window_manager, find_window, wait_until  # noqa: E402
+from desktop import ProgramFolder, Runner, ensure_window_manager, find_window, run, wait_until  # noqa: E402
 from failure_paths import PROFILE_AS_TYPED  # noqa: E402
 
 FILES = ("data.dat", "pw.ini", "default.pwp")
@@ -32,8 +33,11 @@ def reset(folder, old):
 
 
 def start_until_main(folder):
+    """Starts the program and clicks its splash away, as a user may."""
     r = Runner(folder)
     r.start()
+    splash = find_window(r.pid, "splash", None, 30)
+    run(["xdotool", "mousemove", "--window", splash.id, "20", "20", "click", "1"], check_rc=False)
     find_window(r.pid, "normal", "Platewell", 30)
     time.sleep(0.5)
     return r
