@@ -226,12 +226,28 @@ class Accessibility:
                     for _, child in self.children(dest, pending.pop()):
                         role, name = self.role(dest, child), self.name(dest, child)
                         if role == "push button":
-                            buttons.append(name)
+                            buttons.append((name, child))
                         elif name:
                             texts.append(name)
                         pending.append(child)
-                return {"title": title, "text": "\n".join(texts), "buttons": buttons}
+                return {"title": title, "text": "\n".join(texts), "buttons": [b for b, _ in buttons]}
         return None
+
+    def button_centre(self, pid, title, button):
+        """Screen position of the middle of a dialog's button."""
+        dest = self.application(pid)
+        for _, path in self.children(dest, "/org/a11y/atspi/accessible/root"):
+            if self.name(dest, path) != title:
+                continue
+            pending = [path]
+            while pending:
+                for _, child in self.children(dest, pending.pop()):
+                    if self.role(dest, child) == "push button" and self.name(dest, child) == button:
+                        out = self.call(dest, child, "org.a11y.atspi.Component.GetExtents", "uint32 0")
+                        x, y, w, h = (int(n) for n in re.findall(r"-?\d+", out)[:4])
+                        return x + w // 2, y + h // 2
+                    pending.append(child)
+        raise Failure("no button %r in %r" % (button, title))
 
     def close(self):
         self.launcher.terminate()
@@ -243,12 +259,15 @@ def box_content(accessibility, pid, window):
     return wait_until("the box on the accessibility bus", lambda: accessibility.dialog(pid, window.name), 15, 0.5)
 
 
-def answer(window, how):
-    """Answers a box: 'Return', 'Escape', 'space' (the focused button, OK), or
-    'close' (the window manager's close, as the title bar's close box)."""
+def answer(window, how, accessibility=None, pid=None):
+    """Answers a box: a key ('Return', 'Escape'), 'close' (the window
+    manager's close, as the title bar's close box) or 'click:<button>'."""
     activate(window)
     if how == "close":
         keys("alt+F4")
+    elif how.startswith("click:"):
+        x, y = accessibility.button_centre(pid, window.name, how[6:])
+        run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", "1"])
     else:
         keys(how)
 

@@ -132,7 +132,7 @@ def runtime_error(ctx, files, how, provoke=None):
     check(content["title"] == "Platewell", "box title %r" % content["title"])
     check(content["text"].startswith("Run-time error '"), "box text %r" % content["text"])
     check(content["buttons"] == ["OK"], "box buttons %r" % content["buttons"])
-    answer(box, how)
+    answer(box, how, ctx.a11y, r.pid)
     rc = wait_exit(r)
     check(rc == 1, "exit status %d after the run-time error, expected 1" % rc)
     after = folder.snapshot()
@@ -166,7 +166,7 @@ def exit_save_fails(ctx, cause, response):
     """The folder turns read-only or full while the program runs; at exit each
     failed save shows a painted exclamation box naming the file and the
     system's reason, with Retry and Cancel. Retry after the cause is gone
-    writes the files; Escape leaves every old file whole."""
+    writes the files; Cancel or Escape leaves every old file whole."""
     folder = ctx.make_folder({"default.pwp": PROFILE_AS_TYPED})
     size_kib = sum(os.path.getsize(os.path.join(folder.path, n)) for n in os.listdir(folder.path)) // 1024
     r = ctx.runner(namespace=True)
@@ -182,13 +182,15 @@ def exit_save_fails(ctx, cause, response):
         r.do("cat /dev/zero > '%s/filler' 2>/dev/null" % p)
     r.signal(signal.SIGTERM)
 
-    boxes = []
+    boxes, answered = [], set()
     while True:
         box = wait_until("a save message or the end",
-                         lambda: [w for w in windows_of(r.pid) if w.kind == "dialog"] or not r.running(), 30)
+                         lambda: [w for w in windows_of(r.pid) if w.kind == "dialog" and w.id not in answered]
+                         or not r.running(), 30)
         if box is True:
             break
         box = box[0]
+        answered.add(box.id)
         check_painted(box, "warning", ctx.shot("box%d" % len(boxes)))
         content = box_content(ctx.a11y, r.pid, box)
         boxes.append(content)
@@ -203,10 +205,10 @@ def exit_save_fails(ctx, cause, response):
                 r.must("mount -o remount,rw '%s'" % p)
             else:
                 r.must("rm '%s/filler'" % p)
-            answer(box, "Return")
+            answer(box, "click:Retry", ctx.a11y, r.pid)
         else:
             check(len(boxes) <= 3, "more boxes than files: %r" % boxes)
-            answer(box, "Escape")
+            answer(box, "Escape" if cause == "readonly" else "click:Cancel", ctx.a11y, r.pid)
             time.sleep(0.5)
     check(boxes, "no message about the failed save")
     rc = wait_exit(r)
@@ -350,7 +352,7 @@ SCENARIOS = {
         ctx, {"default.pwp": PROFILE.replace(b"WEIGHT:160", b"WEIGHT:1e30")}, "Escape"),
     "rte_typed_weight": lambda ctx: runtime_error(ctx, {"default.pwp": PROFILE}, "close", type_weight),
     "rte_data_4001_records": lambda ctx: runtime_error(
-        ctx, {"data.dat": data_with_record_count(delivered_data(ctx), 4001)}, "space"),
+        ctx, {"data.dat": data_with_record_count(delivered_data(ctx), 4001)}, "click:OK"),
     "rte_tips_101_lines": lambda ctx: runtime_error(
         ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:True\r\n", "tips.txt": tips(101)}, "Return"),
     # Saves at exit.
