@@ -58,7 +58,7 @@ void AnalysisFileCommands::SetCaption()
                            FromNativePath(session_.currentListFile));
 }
 
-void AnalysisFileCommands::SaveGrid()
+void AnalysisFileCommands::SaveGrid(bool atExit)
 {
     FileDialogRequest request = ListFileRequest(session_);
     request.proposedName = FromNativePath(session_.currentListFile);
@@ -66,13 +66,10 @@ void AnalysisFileCommands::SaveGrid()
     const std::optional<QString> path = seams_.files.SaveFile(request);
     if (!path)
         return;
-    try {
-        WriteAnalysis(*path);
-    } catch (const RunTimeError&) {
-        // A failed save ends as quietly as a cancelled one; the list stays
-        // unsaved, so leaving it still asks.
+    // A failed save leaves the list unsaved, so leaving it still asks.
+    if (!SaveOrTell(seams_.prompts, QString::fromLatin1(texts::kMainTitle), [&] { WriteAnalysis(*path); },
+                    atExit))
         return;
-    }
     session_.currentListFile = ToNativePath(*path);
     SetCaption();
     seams_.prompts.Message(std::string(texts::kAnalysisSaved), texts::kTitleAnalysisSaved, MsgIcon::Information);
@@ -168,11 +165,11 @@ void AnalysisFileCommands::ClearData()
     grid_.ClearGrid();
 }
 
-void AnalysisFileCommands::SaveGridQuery(const QString& title)
+void AnalysisFileCommands::SaveGridQuery(const QString& title, bool atExit)
 {
     if (seams_.prompts.Message(QString::fromLatin1(texts::kSaveListQuestion), title, MsgIcon::Question,
                                MsgButtons::YesNo) == MsgResult::Yes)
-        SaveGrid();
+        SaveGrid(atExit);
 }
 
 void AnalysisFileCommands::mnuSave_Click() { SaveGrid(); }

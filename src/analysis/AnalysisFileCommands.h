@@ -23,7 +23,8 @@ public:
                          QObject* parent = nullptr);
 
     // Asks for a file and saves the analysis to it; Cancel changes nothing.
-    void SaveGrid();
+    // atExit: a failed write offers to try again.
+    void SaveGrid(bool atExit = false);
     // Writes the profile and the list to path and marks the list saved; a
     // failure is a PathFileAccess run-time error.
     void WriteAnalysis(const QString& path);
@@ -39,7 +40,7 @@ public:
     // the list.
     void ClearData();
     // "Do you want to save your foodlist?" under title; Yes saves.
-    void SaveGridQuery(const QString& title);
+    void SaveGridQuery(const QString& title, bool atExit = false);
     // True when the list has rows not saved since they changed.
     bool ListNeedsSaving() const;
 

@@ -1,5 +1,6 @@
 #include "analysis/ProfilePage.h"
 
+#include "core/views/StoredTextValidator.h"
 #include "shell/ErrorGuard.h"
 
 #include <QEvent>
@@ -130,6 +131,7 @@ void ProfilePage::BuildControls()
     // Name and year of birth.
     txtName = MakeBox(this, "txtName");
     txtName->setToolTip(QStringLiteral("Enter your name"));
+    KeepStorable(txtName, seams_.prompts);
     txtYOB = MakeBox(this, "txtYOB");
     txtYOB->setToolTip(QStringLiteral("Enter last two digits of birth year"));
     txtYOB->setMaxLength(2);
@@ -395,12 +397,8 @@ void ProfilePage::btnSaveProfile_Click()
     const std::optional<QString> path = seams_.files.SaveFile(request);
     if (!path)
         return;
-    try {
-        WritePWP(*path);
-    } catch (const RunTimeError&) {
-        // A failed save ends as quietly as a cancelled one.
+    if (!SaveOrTell(seams_.prompts, QString::fromLatin1(texts::kTitleSaveProfile), [&] { WritePWP(*path); }))
         return;
-    }
     seams_.prompts.Message(std::string(texts::kProfileSaved), texts::kTitleSaveProfile, MsgIcon::Information);
 }
 

@@ -5,6 +5,9 @@
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "core/RunTimeError.h"
@@ -64,20 +67,95 @@ std::string LinesToBytes(const std::vector<std::string>& lines)
     return out;
 }
 
+std::string TemporaryNameFor(const std::string& path, long pid) { return path + ".tmp" + std::to_string(pid); }
+
+namespace {
+
+// The file a save replaces: path, or where its chain of links leads.
+std::string SaveTarget(const std::string& path)
+{
+    std::error_code ec;
+    fs::path target = path;
+    for (int hops = 0; hops < 40 && fs::is_symlink(target, ec); ++hops) {
+        const fs::path link = fs::read_symlink(target, ec);
+        if (ec)
+            break;
+        target = link.is_absolute() ? link : target.parent_path() / link;
+    }
+    return target.string();
+}
+
+void FlushFolder(const std::string& file)
+{
+    std::string folder = fs::path(file).parent_path().string();
+    if (folder.empty())
+        folder = ".";
+    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+}
+
+}  // namespace
+
 void WriteFileAtomic(const std::string& path, std::string_view bytes)
 {
-    const std::string temp = path + ".tmp" + std::to_string(::getpid());
-    std::FILE* f = std::fopen(temp.c_str(), "wb");
-    if (!f)
-        throw RunTimeError(ErrorKind::PathFileAccess, path);
-    bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
-    ok = std::fflush(f) == 0 && ok;
-    ok = ::fsync(::fileno(f)) == 0 && ok;
-    ok = std::fclose(f) == 0 && ok;
-    if (!ok || std::rename(temp.c_str(), path.c_str()) != 0) {
-        std::remove(temp.c_str());
-        throw RunTimeError(ErrorKind::PathFileAccess, path);
+    const std::string target = SaveTarget(path);
+    const std::string temp = TemporaryNameFor(target, ::getpid());
+    struct stat old {};
+    const bool existed = ::stat(target.c_str(), &old) == 0;
+
+    const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (fd < 0)
+        throw SaveError(path, std::strerror(errno));
+    int failure = 0;
+    if (existed && ::fchmod(fd, old.st_mode & 07777) != 0)
+        failure = errno;
+    const char* data = bytes.data();
+    std::size_t left = bytes.size();
+    while (!failure && left > 0) {
+        const ssize_t n = ::write(fd, data, left);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            failure = errno;
+        } else {
+            data += n;
+            left -= static_cast<std::size_t>(n);
+        }
     }
+    if (!failure && ::fsync(fd) != 0)
+        failure = errno;
+    if (::close(fd) != 0 && !failure)
+        failure = errno;
+    if (!failure && std::rename(temp.c_str(), target.c_str()) != 0)
+        failure = errno;
+    if (failure) {
+        ::unlink(temp.c_str());
+        throw SaveError(path, std::strerror(failure));
+    }
+    FlushFolder(target);
+}
+
+int RemoveStaleTemporaries(const std::string& folder, const std::vector<std::string>& names)
+{
+    std::error_code ec;
+    int removed = 0;
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string file = LowerLatin1(it->path().filename().string());
+        for (const auto& name : names) {
+            const std::string stem = LowerLatin1(name) + ".tmp";
+            if (file.size() > stem.size() && file.compare(0, stem.size(), stem) == 0 &&
+                file.find_first_not_of("0123456789", stem.size()) == std::string::npos) {
+                std::error_code removeError;
+                if (fs::remove(it->path(), removeError))
+                    ++removed;
+                break;
+            }
+        }
+    }
+    return removed;
 }
 
 std::string FindFileNoCase(const std::string& folder, const std::string& name)

@@ -19,9 +19,19 @@ std::vector<std::string> SplitLines(std::string_view bytes);
 std::string LinesToBytes(const std::vector<std::string>& lines);
 
 // Writes bytes to a temporary file beside path and renames it over path, so
-// a failed write leaves the old file whole. A failure is a PathFileAccess
-// run-time error.
+// a failed write leaves the old file whole. A symbolic link is followed (its
+// target is replaced, the link stays), the replaced file's permission bits
+// are kept, and the folder is flushed after the rename. A failure is a
+// SaveError naming the file and the system's reason.
 void WriteFileAtomic(const std::string& path, std::string_view bytes);
+
+// The temporary name WriteFileAtomic writes beside path: path + ".tmp" + pid.
+std::string TemporaryNameFor(const std::string& path, long pid);
+
+// Removes from folder the temporary files an interrupted save of one of
+// names left behind (name + ".tmp" + digits, names compared without case);
+// returns how many were removed.
+int RemoveStaleTemporaries(const std::string& folder, const std::vector<std::string>& names);
 
 // The path of the file in folder whose name equals name when both are
 // lower-cased (an exact match preferred), or "" when there is none. File names

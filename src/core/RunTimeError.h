@@ -36,6 +36,23 @@ private:
     std::string detail_;
 };
 
+// A file that could not be written: a path/file access error that also
+// carries the file and the system's reason, so a save can tell the user
+// what went wrong instead of ending the program.
+class SaveError : public RunTimeError {
+public:
+    SaveError(const std::string& path, const std::string& reason)
+        : RunTimeError(ErrorKind::PathFileAccess, path), path_(path), reason_(reason)
+    {
+    }
+    const std::string& Path() const { return path_; }
+    const std::string& Reason() const { return reason_; }
+
+private:
+    std::string path_;
+    std::string reason_;
+};
+
 const char* ErrorName(ErrorKind kind);
 
 }  // namespace pw

@@ -4,3 +4,7 @@ list(APPEND MODEL_SOURCES
   src/core/RunTimeError.cpp
   src/core/Text.cpp
 )
+
+list(APPEND VIEW_SOURCES
+  src/core/views/StoredTextValidator.cpp
+)

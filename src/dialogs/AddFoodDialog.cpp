@@ -11,6 +11,7 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
+#include "core/views/StoredTextValidator.h"
 #include "core/Numeric.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/FoodListPage.h"
@@ -101,6 +102,9 @@ void AddFoodDialog::BuildControls()
     labUnitOfMeasure = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasure"), "Enter unit of measure");
     txtMeasure = MakeBox(this, QStringLiteral("txtMeasure"), "Enter the unit of measure for this food item",
                          kMaxTextLength);
+    KeepStorable(comSecondary, seams_.prompts);
+    KeepStorable(txtDescription, seams_.prompts);
+    KeepStorable(txtMeasure, seams_.prompts);
     for (QComboBox* combo : {comPrimary, comSecondary}) {
         combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         combo->setMinimumContentsLength(24);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <iterator>
 
+#include "core/views/StoredTextValidator.h"
 #include "fooddb/FoodTable.h"
 
 namespace pw {
@@ -28,6 +29,8 @@ void FavoritesDialog::BuildFavoritesForm(const char* subgroupTip, const char* de
     txtDescription->setObjectName(QStringLiteral("txtDescription"));
     txtDescription->setToolTip(QString::fromLatin1(descriptionTip));
     txtDescription->setMaxLength(kMaxTextField);
+    KeepStorable(comSubgroup, seams_.prompts);
+    KeepStorable(txtDescription, seams_.prompts);
     labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), measureCaption);
     btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
     btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "core/views/StoredTextValidator.h"
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/FoodListGrid.h"
@@ -44,6 +45,7 @@ void SaveDishDialog::BuildControls()
     txtMeasure->setObjectName(QStringLiteral("txtMeasure"));
     txtMeasure->setToolTip(QStringLiteral("Enter the unit of measure for this food item"));
     txtMeasure->setMaxLength(kMaxTextField);
+    KeepStorable(txtMeasure, seams_.prompts);
     btnSaveList = MakeDialogButton(this, "btnSaveList", "Save List", "Save list as custom dish");
     BuildFavoritesForm("Select (or enter) secondary food group", "Enter the description of the food item",
                        "Enter Unit of measure:", txtMeasure, btnSaveList);

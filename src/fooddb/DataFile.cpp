@@ -41,9 +41,42 @@ std::string TakeField(std::string_view& line, const ShiftTables& tables)
     return field;
 }
 
+// Whether the header's checksum matches with these shifts; sets lastIndex.
+bool HeaderChecksWith(const std::vector<std::string>& lines, const ShiftTables& shifts, std::int16_t& lastIndex)
+{
+    const std::string lastIndexText = UnscrambleField(lines[1], shifts);
+    const std::int16_t sum = AddInt16(CharSum(lines[0]), CharSum(lastIndexText));
+    lastIndex = ToInt16(Val(lastIndexText));
+    const std::int16_t checksum = ToInt16(Val(UnscrambleField(lines[2], shifts)));
+    return checksum == sum;
+}
+
+// The same, where a field that today's shifts turn into nonsense (a character
+// code or a number out of range) counts as a header that does not check.
+bool HeaderChecks(const std::vector<std::string>& lines, const ShiftTables& shifts, std::int16_t& lastIndex)
+{
+    try {
+        return HeaderChecksWith(lines, shifts, lastIndex);
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 std::string ShiftDigits()
+{
+    // A 5-step cycle of shifts for most seeds, the delivered seed among them.
+    static const std::string digits = [] {
+        std::string d;
+        for (int i = 0; i < 29; ++i)
+            d += "12340";
+        return d;
+    }();
+    return digits;
+}
+
+std::string LegacyShiftDigits()
 {
     // Kept in pieces and joined at run time; the second piece is used twice.
     static const char* const pieces[] = {
@@ -54,12 +87,11 @@ std::string ShiftDigits()
     return digits;
 }
 
-ShiftTables BuildShiftTables(std::int16_t seed)
+ShiftTables BuildShiftTables(std::int16_t seed, const std::string& digits)
 {
     ShiftTables tables;
     if (seed == 0)
         return tables;
-    const std::string digits = ShiftDigits();
     int prev = 0;
     for (int i = 0; i <= 75; ++i) {
         const int position = seed + prev;
@@ -111,14 +143,16 @@ HeaderResult LoadDatabaseHeader(std::string_view bytes, FoodTable& table)
     if (lines.size() < 3)
         throw RunTimeError(ErrorKind::InputPastEnd, "data file header");
 
-    ShiftTables shifts = BuildShiftTables(SeedFromVersionLine(lines[0]));
-    std::int16_t sum = CharSum(lines[0]);
-    const std::string lastIndexText = UnscrambleField(lines[1], shifts);
-    sum = AddInt16(sum, CharSum(lastIndexText));
-    const std::int16_t lastIndex = ToInt16(Val(lastIndexText));
-    const std::int16_t checksum = ToInt16(Val(UnscrambleField(lines[2], shifts)));
-    if (checksum != sum)
-        return HeaderResult::ChecksumMismatch;
+    // Today's shifts first; a header that does not check with them may have
+    // been written with the earlier digit string.
+    const std::int16_t seed = SeedFromVersionLine(lines[0]);
+    bool legacy = false;
+    std::int16_t lastIndex = 0;
+    if (!HeaderChecks(lines, BuildShiftTables(seed), lastIndex)) {
+        if (!HeaderChecksWith(lines, BuildShiftTables(seed, LegacyShiftDigits()), lastIndex))
+            return HeaderResult::ChecksumMismatch;
+        legacy = true;
+    }
 
     if (lastIndex >= kFoodCapacity)
         throw RunTimeError(ErrorKind::SubscriptRange, "more than 4,000 records");
@@ -128,6 +162,9 @@ HeaderResult LoadDatabaseHeader(std::string_view bytes, FoodTable& table)
 
     table.Clear();
     SetDataVersion(table, lines[0]);
+    table.LegacyScramble = legacy;
+    if (legacy)
+        table.Shifts = BuildShiftTables(seed, LegacyShiftDigits());
     auto& raw = table.RawRecordLines();
     for (int i = 0; i < count; ++i)
         raw[i] = lines[3 + i];
@@ -154,6 +191,12 @@ void LoadDatabaseRecords(FoodTable& table, const RecordProgress& progress)
         table.SetRecord(i, record);
         if (progress)
             progress(i);
+    }
+    if (table.LegacyScramble) {
+        // Read with the old shifts: written back with today's at the exit.
+        table.Shifts = BuildShiftTables(table.ScrambleSeed);
+        table.LegacyScramble = false;
+        table.DatabaseDirty = true;
     }
 }
 

@@ -12,11 +12,18 @@
 namespace pw {
 
 // The digit string the shifts are taken from; reader and writer share it.
+// Its digits are 0 to 4 only, so every shift is negative (-5 to -1): a
+// printable Latin-1 character (32 to 255) stays within 27 to 254 and never
+// becomes a TAB, CR or LF.
 std::string ShiftDigits();
+
+// The digit string of earlier versions, whose shifts of +1 to +5 could push
+// the last characters of Latin-1 past 255. Files it wrote are still read.
+std::string LegacyShiftDigits();
 
 // Fills both tables for a seed; seed 0 leaves them all zero (plain text).
 // A read position below 1 (seeds of 5 or less can reach one) is an error.
-ShiftTables BuildShiftTables(std::int16_t seed);
+ShiftTables BuildShiftTables(std::int16_t seed, const std::string& digits = ShiftDigits());
 
 // Shifts each character at 1-based position p by the table's entry p. A text
 // longer than 75 characters is a subscript error, a code leaving 0..255 an

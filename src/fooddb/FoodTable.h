@@ -82,6 +82,9 @@ public:
     std::string DataVersionLine;
     std::int16_t ScrambleSeed = 0;
     ShiftTables Shifts;
+    // The file was scrambled with the digit string of earlier versions: its
+    // records are read with those shifts, and written again with today's.
+    bool LegacyScramble = false;
 
 private:
     int Check(int i) const;

@@ -39,6 +39,16 @@ void FoodList::Delete(int row)
 
 void FoodList::Clear() { entries_.clear(); }
 
+void FoodList::RelocateEntries(const FoodTable& table)
+{
+    for (FoodListEntry& entry : entries_) {
+        std::int16_t index = entry.foodIndex;
+        ItemLocation(table, entry.group, entry.subgroup, entry.description, entry.measure, index);
+        if (index >= 0)
+            entry.foodIndex = index;
+    }
+}
+
 NutrientValues FoodList::Totals() const
 {
     NutrientValues totals{};

@@ -46,6 +46,10 @@ public:
     void Delete(int row);
     // Count back to 0; the saved flag is left as it is.
     void Clear();
+    // After the table changed (an insert or a delete moves foods), points
+    // every row at its food again, found by its four texts; a row whose food
+    // is gone keeps its index. The saved flag is left as it is.
+    void RelocateEntries(const FoodTable& table);
 
     // The sums of the nine amounts over rows 1..Count in 32-bit arithmetic;
     // an overflow is a run-time error.

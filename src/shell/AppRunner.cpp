@@ -1,12 +1,19 @@
 #include "shell/AppRunner.h"
 
+#include <QLockFile>
 #include <QScreen>
+#include <QWidget>
+#include <QWindow>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <csignal>
+#include <cstdlib>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "analysis/ProfileFile.h"
+#include "core/LineFile.h"
+#include "core/Text.h"
 #include "printing/ReportPrinter.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
@@ -29,17 +36,54 @@ void OnTerminate(int)
     [[maybe_unused]] auto written = ::write(g_signalPipe[0], &byte, 1);
 }
 
+std::string AlreadyRunningText(const std::string& folder)
+{
+    return "Platewell is already running from the folder" + std::string(kCrLf) + folder + kCrLf + kCrLf +
+           "Use the window that is open, or close it before starting Platewell again.";
+}
+
 }  // namespace
 
 PlatewellApplication::PlatewellApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+
+namespace {
+
+// Whether receiver is the modal window on top (the message that reports a
+// run-time error) or belongs to it.
+bool BelongsToModal(QObject* receiver)
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal)
+        return false;
+    for (QObject* o = receiver; o; o = o->parent()) {
+        if (o == modal || o == modal->windowHandle())
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
 
 bool PlatewellApplication::notify(QObject* receiver, QEvent* event)
 {
     if (!guard_)
         return QApplication::notify(receiver, event);
-    bool handled = false;
-    guard_->Run([&] { handled = QApplication::notify(receiver, event); });
-    return handled;
+    if (!guard_->Ended()) {
+        bool handled = false;
+        guard_->Run([&] { handled = QApplication::notify(receiver, event); });
+        return handled;
+    }
+    // The program is ending (a run-time error is being reported, or the exit
+    // has run): the windows still paint and the message on top still answers
+    // its keys and buttons, but no timer starts anything new, and a second
+    // error is not reported again.
+    if (event->type() == QEvent::Timer && !BelongsToModal(receiver))
+        return true;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        return true;
+    }
 }
 
 std::string ExecutableFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
@@ -53,12 +97,30 @@ int RunPlatewell(int& argc, char** argv)
     Session session;
     session.programFolder = ExecutableFolder();
     MessageBoxPrompts prompts;
+
+    // One program per folder: a second copy would write its files over the
+    // first one's at exit. A lock whose owner has died is taken over.
+    QLockFile lock(InFolder(session.programFolder, QString::fromLatin1(kLockFileName)));
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError) {
+        prompts.Message(AlreadyRunningText(session.programFolder), std::string("Platewell"), MsgIcon::Exclamation);
+        return 1;
+    }
+    // Nothing else writes in this folder now: what an interrupted save left
+    // behind can go.
+    RemoveStaleTemporaries(session.programFolder, {kDataFileName, kSettingsFileName, kDefaultProfileName});
+
     SystemFileDialogs files;
     SystemHelpDisplay help(prompts);
     SystemClock clock;
     SystemPrinter printer(files, prompts, QString::fromStdString(session.programFolder));
     Seams seams{prompts, files, help, clock, printer};
-    ErrorGuard guard(session, prompts);
+    // Once the user has answered a run-time error the process ends at once,
+    // whatever was waiting below the message.
+    ErrorGuard guard(session, prompts, [&lock] {
+        lock.unlock();
+        std::_Exit(1);
+    });
     app.SetGuard(&guard);
 
     ProgramWindows windows(session, seams, guard);

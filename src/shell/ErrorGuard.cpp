@@ -14,6 +14,8 @@ void ErrorGuard::Report(const RunTimeError& error)
     while (QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
     prompts_.Message(QString::fromLatin1(error.Message()), QStringLiteral("Platewell"), MsgIcon::Critical);
+    if (afterReport_)
+        afterReport_();
     QCoreApplication::exit(1);
 }
 

@@ -2,6 +2,7 @@
 // Where a run-time error from the model ends up: one critical message that
 // names it, and the end of the program without writing any file.
 #include <exception>
+#include <functional>
 #include <utility>
 
 #include "core/RunTimeError.h"
@@ -12,7 +13,13 @@ namespace pw {
 
 class ErrorGuard {
 public:
-    ErrorGuard(Session& session, Prompts& prompts) : session_(session), prompts_(prompts) {}
+    // afterReport runs once the user has answered the message; the program
+    // passes one that ends the process there and then, so no code that was
+    // waiting below the message can write a file afterwards.
+    ErrorGuard(Session& session, Prompts& prompts, std::function<void()> afterReport = {})
+        : session_(session), prompts_(prompts), afterReport_(std::move(afterReport))
+    {
+    }
 
     // Runs work; returns false when it raised a run-time error (reported).
     template <class Work>
@@ -33,10 +40,13 @@ public:
 
     void Report(const RunTimeError& error);
     bool Failed() const { return failed_; }
+    // The program is ending: after a run-time error, or once its exit ran.
+    bool Ended() const { return session_.ended; }
 
 private:
     Session& session_;
     Prompts& prompts_;
+    std::function<void()> afterReport_;
     bool failed_ = false;
 };
 

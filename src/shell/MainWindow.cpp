@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QScreen>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDate>
@@ -279,7 +280,11 @@ void MainWindow::Form_Load()
         s.windowWidth = kDefaultWindowWidth;
         s.windowHeight = kDefaultWindowHeight;
     }
-    resize(width_.SetTwips(s.windowWidth, DpiX()), height_.SetTwips(s.windowHeight, DpiY()));
+    // A remembered size never exceeds the screen: the tabs stay in view.
+    QSize size(width_.SetTwips(s.windowWidth, DpiX()), height_.SetTwips(s.windowHeight, DpiY()));
+    if (const QScreen* shown = screen() ? screen() : QGuiApplication::primaryScreen())
+        size = size.boundedTo(shown->availableGeometry().size());
+    resize(size);
 
     tabMain->setTabEnabled(0, true);
     tabMain->setTabEnabled(1, false);
@@ -554,7 +559,11 @@ void MainWindow::Egress()
     egressDone_ = true;
     Settings& s = session_.settings;
 
-    profilePage->WriteDefaultPWP();
+    // Each file on its own: one that cannot be written (a full disk, a folder
+    // made read-only) is told with the offer to try again, and the others are
+    // still saved.
+    const QString title = QStringLiteral("Platewell");
+    SaveOrTell(seams_.prompts, title, [&] { profilePage->WriteDefaultPWP(); }, true);
 
     if (!s.rememberColumnWidths) {
         s.columnWidths = kDefaultColumnWidths;
@@ -570,17 +579,24 @@ void MainWindow::Egress()
         s.windowHeight = kDefaultWindowHeight;
     }
     s.windowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    WriteSettings(session_.programFolder, s);
+    SaveOrTell(seams_.prompts, title, [&] { WriteSettings(session_.programFolder, s); }, true);
 
-    QApplication::setOverrideCursor(Qt::WaitCursor);
     std::string dataPath = FindFileNoCase(session_.programFolder, kDataFileName);
     if (dataPath.empty())
         dataPath = JoinPath(session_.programFolder, kDataFileName);
-    SaveDatabase(session_.foodTable, dataPath);
-    QApplication::restoreOverrideCursor();
+    SaveOrTell(seams_.prompts, title, [&] {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        try {
+            SaveDatabase(session_.foodTable, dataPath);
+        } catch (...) {
+            QApplication::restoreOverrideCursor();
+            throw;
+        }
+        QApplication::restoreOverrideCursor();
+    }, true);
 
     if (listFile->ListNeedsSaving())
-        listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleExit));
+        listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleExit), true);
 
     session_.ended = true;
     QCoreApplication::exit(0);

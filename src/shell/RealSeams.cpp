@@ -42,7 +42,12 @@ QString WithDefaultExtension(QString path, const FileDialogRequest& r)
 
 MsgResult MessageBoxPrompts::Message(const QString& text, const QString& title, MsgIcon icon, MsgButtons buttons)
 {
-    QMessageBox box(parent_);
+    // On top of a modal dialog when one is open, so the message is never
+    // hidden behind the window that waits for it.
+    QWidget* parent = QApplication::activeModalWidget();
+    if (!parent)
+        parent = parent_;
+    QMessageBox box(parent);
     box.setWindowTitle(title);
     // Message texts break lines with CR LF; a label wants LF only.
     QString shown = text;
@@ -59,6 +64,12 @@ MsgResult MessageBoxPrompts::Message(const QString& text, const QString& title, 
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
         return box.exec() == QMessageBox::Yes ? MsgResult::Yes : MsgResult::No;
+    }
+    if (buttons == MsgButtons::RetryCancel) {
+        box.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Retry);
+        box.setEscapeButton(QMessageBox::Cancel);
+        return box.exec() == QMessageBox::Retry ? MsgResult::Retry : MsgResult::Cancel;
     }
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

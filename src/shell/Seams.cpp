@@ -1,8 +1,10 @@
 #include "shell/Seams.h"
 
 #include <QDir>
+#include <QFile>
 
 #include "core/LineFile.h"
+#include "core/RunTimeError.h"
 
 namespace pw {
 
@@ -12,6 +14,30 @@ QString InFolder(const std::string& folder, const QString& name)
     if (!found.empty())
         return QString::fromStdString(found);
     return QDir(QString::fromStdString(folder)).filePath(name);
+}
+
+bool SaveOrTell(Prompts& prompts, const QString& title, const std::function<void()>& save, bool offerRetry)
+{
+    for (;;) {
+        try {
+            save();
+            return true;
+        } catch (const SaveError& error) {
+            QString text = QStringLiteral("Platewell could not save the file\r\n") +
+                           QFile::decodeName(QByteArray::fromStdString(error.Path())) +
+                           QStringLiteral("\r\n\r\nThe system says: ") + QString::fromLocal8Bit(error.Reason()) +
+                           QStringLiteral(".");
+            if (!offerRetry) {
+                prompts.Message(text + QStringLiteral("\r\n\r\nThe file was not saved."), title,
+                                MsgIcon::Exclamation);
+                return false;
+            }
+            text += QStringLiteral("\r\n\r\nFree some disk space or correct the folder's permissions, then choose "
+                                   "Retry. Cancel goes on without saving this file; its previous version is kept.");
+            if (prompts.Message(text, title, MsgIcon::Exclamation, MsgButtons::RetryCancel) != MsgResult::Retry)
+                return false;
+        }
+    }
 }
 
 }  // namespace pw

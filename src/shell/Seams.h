@@ -2,14 +2,15 @@
 // Everything a test cannot click through goes through one of these small
 // interfaces; the program uses the real ones (RealSeams.h), tests the fakes.
 #include <QString>
+#include <functional>
 #include <optional>
 #include <string>
 
 namespace pw {
 
 enum class MsgIcon { None, Information, Question, Exclamation, Critical };
-enum class MsgButtons { Ok, YesNo };
-enum class MsgResult { Ok, Yes, No };
+enum class MsgButtons { Ok, YesNo, RetryCancel };
+enum class MsgResult { Ok, Yes, No, Retry, Cancel };
 
 class Prompts {
 public:
@@ -84,5 +85,11 @@ struct Seams {
 // name differs only in case is taken (the program spells its help file both
 // "pw.hlp" and "Pw.hlp"), else folder + "/" + name.
 QString InFolder(const std::string& folder, const QString& name);
+
+// Runs save, a write of one file. When the file cannot be written the user is
+// told which file and the system's reason; with offerRetry the message offers
+// Retry (after the user freed space or fixed permissions) until the save
+// succeeds or the user cancels. Returns whether the file was written.
+bool SaveOrTell(Prompts& prompts, const QString& title, const std::function<void()>& save, bool offerRetry = false);
 
 }  // namespace pw

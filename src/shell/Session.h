@@ -17,6 +17,8 @@ namespace pw {
 inline constexpr const char* kProgramVersionText = "2.04W";
 inline constexpr const char* kHelpVersionText = "2.02";
 inline constexpr const char* kDataFileName = "data.dat";
+// Held by the running program so a second copy does not use the same folder.
+inline constexpr const char* kLockFileName = "pw.lock";
 
 struct Session {
     std::string programFolder;

@@ -389,10 +389,17 @@ private slots:
         p.fakes.files.answers.push_back(std::nullopt);
         p.Get<QPushButton>("btnSaveProfile")->click();
         QCOMPARE(p.fakes.files.saveRequests.at(1).proposedName, QString());
-        // Cancelled, or a folder that is not there: silence and no file.
-        p.fakes.files.answers.push_back(Q(p.folder.File("missing/x.pwp")));
-        p.Get<QPushButton>("btnSaveProfile")->click();
+        // Cancelled: silence. A folder that is not there: the file and the
+        // system's reason, and no "saved".
         QCOMPARE(p.Messages().size(), size_t(1));
+        const QString missing = Q(p.folder.File("missing/x.pwp"));
+        p.fakes.files.answers.push_back(missing);
+        p.Get<QPushButton>("btnSaveProfile")->click();
+        QCOMPARE(p.Messages().size(), size_t(2));
+        QCOMPARE(Shown(p.Messages()[1]),
+                 Shown({"Platewell could not save the file\r\n" + missing +
+                            "\r\n\r\nThe system says: No such file or directory.\r\n\r\nThe file was not saved.",
+                        "Save Profile", MsgIcon::Exclamation, MsgButtons::Ok}));
         QVERIFY(!p.folder.Exists("missing"));
     }
 

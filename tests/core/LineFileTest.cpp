@@ -52,6 +52,51 @@ TEST(LineFile, AtomicWriteReplacesWholeOrNotAtAll)
     EXPECT_THROW(ReadWholeFile(folder.File("none")), RunTimeError);
 }
 
+TEST(LineFile, AtomicWriteKeepsWhatTheFileWas)
+{
+    namespace fs = std::filesystem;
+    test::TempFolder folder;
+    // The permission bits of the replaced file stay.
+    const std::string secret = folder.File("private.pwp");
+    WriteFileAtomic(secret, "old");
+    fs::permissions(secret, fs::perms::owner_read | fs::perms::owner_write);
+    WriteFileAtomic(secret, "new");
+    EXPECT_EQ(fs::status(secret).permissions() & fs::perms::all, fs::perms::owner_read | fs::perms::owner_write);
+
+    // A link is followed: its target gets the bytes and the link stays.
+    fs::create_directory(folder.File("real"));
+    folder.Write("real/data.dat", "old");
+    fs::create_symlink("real/data.dat", folder.File("data.dat"));
+    WriteFileAtomic(folder.File("data.dat"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.File("data.dat")));
+    EXPECT_EQ(folder.Read("real/data.dat"), "new");
+
+    // A failure names the file and the system's reason.
+    try {
+        WriteFileAtomic(folder.File("missing/x.pwl"), "y");
+        ADD_FAILURE();
+    } catch (const SaveError& error) {
+        EXPECT_EQ(error.Path(), folder.File("missing/x.pwl"));
+        EXPECT_EQ(error.Reason(), "No such file or directory");
+    }
+}
+
+TEST(LineFile, OnlyTheProgramsOwnTemporariesAreRemoved)
+{
+    test::TempFolder folder;
+    const char* left[] = {"data.dat.tmp123", "PW.INI.tmp7", "default.pwp.tmp99999"};
+    const char* kept[] = {"data.dat", "data.dat.tmp", "data.dat.tmp12a", "other.pwl.tmp12", "notes.tmp5"};
+    for (const char* name : left)
+        folder.Write(name, "x");
+    for (const char* name : kept)
+        folder.Write(name, "x");
+    EXPECT_EQ(RemoveStaleTemporaries(folder.Path(), {"data.dat", "pw.ini", "default.pwp"}), 3);
+    for (const char* name : left)
+        EXPECT_FALSE(std::filesystem::exists(folder.File(name))) << name;
+    for (const char* name : kept)
+        EXPECT_TRUE(std::filesystem::exists(folder.File(name))) << name;
+}
+
 TEST(LineFile, FindsFilesWhateverTheirCase)
 {
     test::TempFolder folder;

@@ -15,6 +15,7 @@
 #include "dialogs/AddFoodDialog.h"
 #include "dialogs/CopyFavoritesDialog.h"
 #include "dialogs/SaveDishDialog.h"
+#include "fooddb/DataFile.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/FoodListPage.h"
 #include "foodlist/TierMap.h"
@@ -162,6 +163,44 @@ private slots:
         d.btnCancel->click();
         QVERIFY(!d.isVisible());
         QCOMPARE(p.table().Count(), 13);
+    }
+
+    void TypedFoodTextsAreKeptExactlyAsLatin1()
+    {
+        Program p;
+        p.Trigger("mnuAddCustomItem");
+        AddFoodDialog& d = *p.h.main->frmAdd;
+        d.comPrimary->setCurrentIndex(3);
+        emit d.comPrimary->activated(3);
+        // Pasted control characters go; accents stay; what Latin-1 cannot
+        // hold is refused, named, and the box keeps what it had.
+        d.comSecondary->lineEdit()->insert(QStringLiteral("Cer\teals\r\n"));
+        d.txtDescription->insert(QStringLiteral("M\u00fcsli, cr\u00e8me br\u00fbl\u00e9e, pi\u00f1a, \u00ff"));
+        d.txtMeasure->insert(QStringLiteral("1 bowl"));
+        d.txtMeasure->insert(QStringLiteral(" \u20ac"));
+        QCOMPARE(d.comSecondary->currentText(), QStringLiteral("Cereals"));
+        QCOMPARE(d.txtMeasure->text(), QStringLiteral("1 bowl"));
+        QCoreApplication::processEvents();
+        p.Said(QStringLiteral("The character \"\u20ac\" (U+20AC) cannot be stored: Platewell's files hold Western "
+                              "European (Latin-1) letters only.\r\n\r\nPlease type the text without it."),
+               "Platewell", MsgIcon::Exclamation);
+        for (int i = 0; i < kCustomNutrients; ++i)
+            QTest::keyClicks(d.txtNutrVal[i], QStringLiteral("1"));
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        d.btnAdd->click();
+        QVERIFY(!d.isVisible());
+        const std::string description = "M\xfcsli, cr\xe8me br\xfbl\xe9" "e, pi\xf1" "a, \xff";
+        QVERIFY(p.Find("Cereals", description, "1 bowl") >= 0);
+
+        // Saved at the exit and read back byte for byte.
+        p.h.main->close();
+        FoodTable reread;
+        QCOMPARE(LoadDatabaseHeader(p.h.folder.Read("data.dat"), reread), HeaderResult::Ok);
+        LoadDatabaseRecords(reread);
+        bool found = false;
+        for (int i = 0; i < reread.Count(); ++i)
+            found = found || (reread.Subgroup(i) == "Cereals" && reread.Description(i) == description);
+        QVERIFY(found);
     }
 
     void TheListIsSavedAsADishOnce()

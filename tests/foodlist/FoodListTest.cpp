@@ -4,6 +4,7 @@
 
 #include "Fixtures.h"
 #include "core/RunTimeError.h"
+#include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
 
 namespace pw {
@@ -20,6 +21,41 @@ TEST(FoodList, TotalsOverflowIsARunTimeError)
     EXPECT_EQ(list.Totals()[kAlcohol], std::numeric_limits<std::int32_t>::max());
     list.Append(entry);
     EXPECT_THROW(list.Totals(), RunTimeError);
+}
+
+TEST(FoodList, RowsFollowTheirFoodsWhenTheTableChanges)
+{
+    FoodTable table = test::SampleTable();
+    FoodList list;
+    const int rows[] = {5, 9, 11};  // Cheddar, Apples 1 medium, Peas
+    for (int index : rows) {
+        FoodListEntry entry;
+        entry.foodIndex = static_cast<std::int16_t>(index);
+        const FoodRecord& food = table.Record(index);
+        std::tie(entry.group, entry.subgroup, entry.description, entry.measure) =
+            std::tie(food.group, food.subgroup, food.description, food.measure);
+        list.Append(entry);
+    }
+    list.listSaved = true;
+    const auto expectRowsNameTheirFoods = [&] {
+        for (int row = 1; row <= list.Count(); ++row) {
+            const FoodListEntry& entry = list.Entry(row);
+            const FoodRecord& food = table.Record(entry.foodIndex);
+            EXPECT_EQ(food.description + "/" + food.measure, entry.description + "/" + entry.measure) << row;
+        }
+    };
+    // An insert before them moves them up, a delete before them down.
+    FoodInserter inserter;
+    std::string subgroup = "Bread", description = "Rye", measure = "1 slice";
+    ASSERT_GE(inserter.InsertFood(table, "Bakery and Grains", subgroup, description, measure, {}), 0);
+    list.RelocateEntries(table);
+    expectRowsNameTheirFoods();
+    EXPECT_EQ(list.Entry(1).foodIndex, 6);
+    DeleteFoods(table, 0, 3);  // the three breads
+    list.RelocateEntries(table);
+    expectRowsNameTheirFoods();
+    EXPECT_EQ(list.Entry(3).foodIndex, 9);
+    EXPECT_TRUE(list.listSaved);
 }
 
 TEST(FoodList, DailyIntakeTexts)

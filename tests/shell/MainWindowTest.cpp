@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QScreen>
 #include <QTest>
 #include <QTextBrowser>
 #include <csignal>
@@ -243,6 +244,28 @@ private slots:
         }
     }
 
+    void AFileThatCannotBeWrittenAtExitIsToldAndTheRestIsSaved()
+    {
+        ProgramHarness program;
+        QVERIFY(Started(program, QuietSettings("CURRENT TIP:2\r\n")));
+        // data.dat has become a folder: its save fails with the system's reason.
+        std::filesystem::remove(program.folder.File("data.dat"));
+        std::filesystem::create_directory(program.folder.File("data.dat"));
+        program.fakes.prompts.answers = {MsgResult::Retry, MsgResult::Cancel};
+        program.main->close();
+        const auto& said = program.fakes.prompts.messages;
+        QCOMPARE(said.size(), size_t(2));  // tried twice, then left without it
+        for (const RecordedMessage& m : said) {
+            QCOMPARE(m.text, "Platewell could not save the file\r\n" + QString::fromStdString(program.folder.File("data.dat")) +
+                                 "\r\n\r\nThe system says: Is a directory.\r\n\r\nFree some disk space or correct "
+                                 "the folder's permissions, then choose Retry. Cancel goes on without saving this file; "
+                                 "its previous version is kept.");
+            QVERIFY(m.buttons == MsgButtons::RetryCancel && m.icon == MsgIcon::Exclamation);
+        }
+        QVERIFY(program.main->EgressDone() && program.session.ended && !program.guard.Failed());
+        QCOMPARE(Written(program).currentTip, 2);  // pw.ini was still saved
+    }
+
     void WindowSizeFollowsTheSettings()
     {
         ProgramHarness program;
@@ -255,6 +278,13 @@ private slots:
         w.close();
         QCOMPARE(Written(program).windowWidth, 9000);  // no drift through pixels
         QCOMPARE(Written(program).windowHeight, 8000);
+
+        // A size beyond the screen opens at most at the screen's size.
+        ProgramHarness huge;
+        QVERIFY(Started(huge, QuietSettings("REMEMBER WINDOW SIZE:True\r\nWINDOW WIDTH:2000000000\r\n"
+                                            "WINDOW HEIGHT:2000000000\r\n")));
+        const QSize screen = huge.main->screen()->availableGeometry().size();
+        QVERIFY(huge.main->width() <= screen.width() && huge.main->height() <= screen.height());
 
         ProgramHarness maximized;
         QVERIFY(Started(maximized, QuietSettings("REMEMBER WINDOW SIZE:True\r\nWINDOW STATE:2\r\n")));

@@ -27,7 +27,7 @@ public:
         if (buttons == MsgButtons::Ok)
             return MsgResult::Ok;
         if (answers.empty())
-            return MsgResult::No;
+            return buttons == MsgButtons::RetryCancel ? MsgResult::Cancel : MsgResult::No;
         MsgResult answer = answers.front();
         answers.pop_front();
         return answer;
@@ -39,7 +39,7 @@ public:
     }
 
     std::vector<RecordedMessage> messages;
-    std::deque<MsgResult> answers;  // for Yes/No questions; No when empty
+    std::deque<MsgResult> answers;  // for questions; No (or Cancel) when empty
     std::vector<QString> events;    // messages and beeps in order
     int beeps = 0;
 };
