@@ -207,6 +207,9 @@ class Accessibility:
     def role(self, dest, path):
         return ast.literal_eval(self.call(dest, path, "org.a11y.atspi.Accessible.GetRoleName").strip())[0]
 
+    def is_dialog(self, dest, path, title):
+        return self.role(dest, path) in ("dialog", "alert", "alert message") and self.name(dest, path) == title
+
     def application(self, pid):
         for dest, _ in self.children("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"):
             out = self.call("org.freedesktop.DBus", "/org/freedesktop/DBus",
@@ -219,7 +222,7 @@ class Accessibility:
         """Texts and button names of the program's shown dialog with this title."""
         dest = wait_until("the program on the accessibility bus", lambda: self.application(pid), 15, 0.3)
         for _, path in self.children(dest, "/org/a11y/atspi/accessible/root"):
-            if self.role(dest, path) in ("dialog", "alert", "alert message") and self.name(dest, path) == title:
+            if self.is_dialog(dest, path, title):
                 texts, buttons = [], []
                 pending = [path]
                 while pending:
@@ -237,7 +240,7 @@ class Accessibility:
         """Screen position of the middle of a dialog's button."""
         dest = self.application(pid)
         for _, path in self.children(dest, "/org/a11y/atspi/accessible/root"):
-            if self.name(dest, path) != title:
+            if not self.is_dialog(dest, path, title):
                 continue
             pending = [path]
             while pending:
@@ -267,7 +270,9 @@ def answer(window, how, accessibility=None, pid=None):
         keys("alt+F4")
     elif how.startswith("click:"):
         x, y = accessibility.button_centre(pid, window.name, how[6:])
-        run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", "1"])
+        run(["xdotool", "mousemove", str(x), str(y)])
+        time.sleep(0.2)
+        run(["xdotool", "click", "1"])
     else:
         keys(how)
 
