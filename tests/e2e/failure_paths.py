@@ -2,15 +2,16 @@
 """The program's failure paths, run on the built executable under X with a
 window manager and the real message boxes.
 
-    xvfb-run -a -s "-screen 0 1280x1024x24" failure_paths.py --exe build/platewell \
-        --delivered build [--shots DIR] [scenario ...]
+    xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- failure_paths.py \
+        --exe build/platewell --delivered build [--shots DIR] [scenario ...]
 
 Each scenario copies the executable into a temporary program folder, starts
 it, finds its windows, checks that a message box is painted (dark text on a
-light face, its icon's colour) and what it says (Ctrl+C copies a box's title,
-text and buttons), answers it with a key or the window manager's close, and
-checks the exit status and the folder's files. Exit status 0 when every
-chosen scenario passes.
+light face, its icon's colour) and what it says (its title, texts and buttons
+read over the accessibility bus, as a screen reader reads them), answers it
+with a key, a click on a button or the window manager's close, and checks
+the exit status and the folder's files. Exit status 0 when every chosen
+scenario passes.
 """
 import argparse
 import os

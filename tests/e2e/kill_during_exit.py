@@ -5,7 +5,10 @@ content or the new, never torn. Counts the temporary files a killed save
 leaves and those still there after the next start.
 
     xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- kill_during_exit.py --exe build/platewell \
-        --delivered build [--iterations 200] [--seed 1]
+        --delivered build [--iterations 200] [--seed 1] [--data old/data.dat]
+
+A data.dat in an earlier format is written anew at every exit, so that its
+old and new contents differ too.
 
 Not a ctest test: it runs for many minutes.
 """
@@ -49,11 +52,16 @@ def main():
     parser.add_argument("--delivered", required=True)
     parser.add_argument("--iterations", type=int, default=200)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--data", help="the data.dat to start from (default: the delivered one)")
     args = parser.parse_args()
     rng = random.Random(args.seed)
     wm = ensure_window_manager()
 
-    folder = ProgramFolder(args.exe, args.delivered, {"default.pwp": PROFILE_AS_TYPED})
+    files = {"default.pwp": PROFILE_AS_TYPED}
+    if args.data:
+        with open(args.data, "rb") as f:
+            files["data.dat"] = f.read()
+    folder = ProgramFolder(args.exe, args.delivered, files)
     old = {name: folder.read(name) for name in FILES}
 
     # The new content and the length of an exit, from uninterrupted runs.
