@@ -6,6 +6,7 @@
 
 #include "core/RunTimeError.h"
 #include "fooddb/DataFile.h"
+#include "shell/HelpTopics.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -14,6 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         if (pw::LoadDatabaseHeader(bytes, table) == pw::HeaderResult::Ok) {
             pw::LoadDatabaseRecords(table);
+            pw::DataVersionText(table.DataVersionLine);  // as the about box shows it
             table.DatabaseDirty = true;
             pw::SaveDatabaseToBytes(table);
         }

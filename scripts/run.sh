@@ -15,6 +15,9 @@ mkdir -p "$FOLDER"
 install -m 755 "$ROOT/build/release/platewell" "$FOLDER/platewell.new"
 mv -f "$FOLDER/platewell.new" "$FOLDER/platewell"
 install -m 644 "$ROOT/data/pw.hlp" "$FOLDER/pw.hlp"
+# The manual's pictures, drawn by the build, go beside it.
+mkdir -p "$FOLDER/help"
+install -m 644 "$ROOT"/build/release/help/*.png "$FOLDER/help/"
 for delivered in data.dat tips.txt; do
     if [[ -f "$ROOT/data/$delivered" && ! -e "$FOLDER/$delivered" ]]; then
         cp "$ROOT/data/$delivered" "$FOLDER/$delivered"

@@ -88,14 +88,19 @@ void AnalysisFileCommands::OpenGrid()
     const std::optional<QString> path = seams_.files.OpenFile(ListFileRequest(session_));
     if (!path)
         return;
-    session_.currentListFile = ToNativePath(*path);
+    OpenListFile(*path);
+}
+
+void AnalysisFileCommands::OpenListFile(const QString& path)
+{
+    session_.currentListFile = ToNativePath(path);
     // Emptying the profile closes the list's tabs for a moment; the page
     // the user opened the file from comes back once the profile read is
     // valid again.
     auto* tabs = window_.findChild<QTabWidget*>(QStringLiteral("tabMain"));
     const int page = tabs ? tabs->currentIndex() : -1;
     ClearData();
-    ReadAnalysis(*path);
+    ReadAnalysis(path);
     if (session_.ended)
         return;
     if (tabs && page >= 0 && tabs->isTabEnabled(page))

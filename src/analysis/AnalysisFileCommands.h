@@ -31,6 +31,9 @@ public:
     // Asks for a file, then empties the profile and the list and reads the
     // file; Cancel changes nothing.
     void OpenGrid();
+    // What OpenGrid does once the file is chosen: empties the profile and
+    // the list, reads the file and names it in the caption.
+    void OpenListFile(const QString& path);
     // Reads a list file into the profile and the list: every food is looked
     // for by its tier texts, a missing one is reported and dropped, and a
     // file that is not a list file is reported, keeping what was read

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "analysis/DailyValues.h"
@@ -111,10 +112,17 @@ void AnalysisPage::BuildControls()
     frameLayout->addLayout(personRow);
     frameLayout->addLayout(table);
     frameLayout->addStretch(1);
+    frameLayout_ = frameLayout;
 
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(6, 6, 6, 6);
     page->addWidget(frameAnalysis);
+    btnTab3Help = new QPushButton(QStringLiteral("Help"), this);
+    btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
+    auto* helpRow = new QHBoxLayout;
+    helpRow->addStretch(1);
+    helpRow->addWidget(btnTab3Help);
+    page->addLayout(helpRow);
 
     // Nothing to show before the first valid profile.
     for (QWidget* w : {static_cast<QWidget*>(frameAnalysis), static_cast<QWidget*>(labAge),
@@ -161,6 +169,13 @@ void AnalysisPage::UpdateSummary()
     for (int i = 0; i < kShownNutrients; ++i)
         labMDR[i]->setText(
             QString::fromStdString(DailyValueText(static_cast<Nutrient>(i), session_.dailyValues[i])));
+}
+
+void AnalysisPage::AddChart(QWidget* chart)
+{
+    // The chart takes the place of the stretch below the nutrients.
+    delete frameLayout_->takeAt(frameLayout_->count() - 1);
+    frameLayout_->addWidget(chart, 1);
 }
 
 void AnalysisPage::SetDailyIntake(int i, const QString& text)

@@ -9,6 +9,8 @@
 
 class QGroupBox;
 class QLabel;
+class QVBoxLayout;
+class QPushButton;
 
 namespace pw {
 
@@ -25,6 +27,11 @@ public:
 
     // The caption of labDailyIntake(i), i in 0..7 (Nutrient order).
     void SetDailyIntake(int i, const QString& text);
+
+    // Puts a chart under the nutrients, taking the frame's free height.
+    void AddChart(QWidget* chart);
+    // "Help": the main window opens the analysis topic.
+    QPushButton* btnTab3Help = nullptr;
 
 private:
     void BuildControls();
@@ -46,6 +53,7 @@ private:
     std::array<QLabel*, kShownNutrients> labDailyIntake{};
     // The column headers repeated over the second group of nutrients.
     std::array<QLabel*, 3> secondHeader_{};
+    QVBoxLayout* frameLayout_ = nullptr;
 };
 
 }  // namespace pw

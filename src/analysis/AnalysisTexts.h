@@ -11,6 +11,11 @@ inline constexpr const char* kInvalidAge =
     "This program is not intended to be used\r\n"
     "by persons less than 13 years of age.";
 
+// The line under the profile's boxes while the profile is not yet valid.
+inline constexpr const char* kGuideYearOfBirth = "Year of birth: two digits, for example 62";
+inline constexpr const char* kGuideWeight = "Weight: at least 50 pounds (22.7 kg)";
+inline constexpr const char* kGuideHeight = "Height: at least 36 inches (91.44 cm)";
+
 inline constexpr const char* kNumbersOnly = "Enter only numbers in this field.";
 
 inline constexpr const char* kIllegalNameCharacter =

@@ -62,24 +62,6 @@ DailyValues ComputeDailyValues(float weightPounds, int sex, int lifestyle)
     return dv;
 }
 
-std::string DailyValueText(Nutrient nutrient, std::int32_t value)
-{
-    std::string text = std::to_string(value);
-    switch (nutrient) {
-    case kProtein:
-    case kCarbs:
-    case kFats:
-    case kFiber:
-        return text + " g";
-    case kCholesterol:
-    case kCalcium:
-    case kSodium:
-        return text + " mg";
-    default:
-        return text;
-    }
-}
-
 BodyMassIndex ComputeBodyMassIndex(float weightKilograms, float heightCentimeters)
 {
     const double meters = double(heightCentimeters) / 100.0;

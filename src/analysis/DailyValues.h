@@ -9,10 +9,6 @@
 
 namespace pw {
 
-// Calories in kilocalories; Protein, Carbs, Fats and Fiber in grams;
-// Cholesterol, Calcium and Sodium in milligrams. Indexed by Nutrient.
-using DailyValues = std::array<std::int32_t, kShownNutrients>;
-
 // Kilocalories a pound of body weight needs a day, by lifestyle and sex.
 // A lifestyle or sex with no option selected counts as sedentary or female.
 double CalorieFactor(int sex, int lifestyle);
@@ -23,9 +19,6 @@ double CalorieFactor(int sex, int lifestyle);
 // 2,375 mg sodium). Integer products are checked 32-bit ones, divisions are
 // in double precision; an overflow is a run-time error.
 DailyValues ComputeDailyValues(float weightPounds, int sex, int lifestyle);
-
-// "2100", "63 g", "2494 mg": the daily value with the nutrient's unit.
-std::string DailyValueText(Nutrient nutrient, std::int32_t value);
 
 struct BodyMassIndex {
     float value = 0.0f;       // kg / m^2, computed in double, stored single

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "analysis/AnalysisTexts.h"
 #include "core/Numeric.h"
 #include "core/RunTimeError.h"
 
@@ -75,6 +76,20 @@ ProfileVerdict ValidateProfile(const ProfileInputs& inputs, int currentYear, Pro
     profile.valid = valid;
     verdict.valid = valid;
     return verdict;
+}
+
+std::vector<std::string> ProfileGuidance(const Profile& profile)
+{
+    std::vector<std::string> missing;
+    if (profile.valid)
+        return missing;
+    if (profile.inputs.yob.size() != 2 || profile.age < kMinimumAge)
+        missing.emplace_back(texts::kGuideYearOfBirth);
+    if (profile.weightPounds < kMinimumPounds)
+        missing.emplace_back(texts::kGuideWeight);
+    if (profile.heightInches < kMinimumInches)
+        missing.emplace_back(texts::kGuideHeight);
+    return missing;
 }
 
 std::string UnitSwitchText(float value) { return NumberText(RoundHalfEven(double(value))); }

@@ -4,6 +4,7 @@
 // height in both unit systems), with the rules that make a profile valid.
 #include <cstdint>
 #include <string>
+#include <vector>
 #include <string_view>
 
 namespace pw {
@@ -79,6 +80,11 @@ struct ProfileVerdict {
 // Sex and lifestyle are not checked (see DailyValues for what none means).
 // A number beyond the range of its type is an overflow run-time error.
 ProfileVerdict ValidateProfile(const ProfileInputs& inputs, int currentYear, Profile& profile);
+
+// What still keeps a profile from being valid, in words, one entry each for
+// the year of birth, the weight and the height, in that order; empty once
+// the profile is valid. Reads the measures ValidateProfile has just stored.
+std::vector<std::string> ProfileGuidance(const Profile& profile);
 
 // The age for a two-character year of birth in the given year.
 std::int16_t AgeFromYob(std::string_view yob, int currentYear);

@@ -100,6 +100,7 @@ ProfilePage::ProfilePage(Session& session, Seams& seams, QWidget* parent)
     : QWidget(parent), session_(session), seams_(seams)
 {
     BuildControls();
+    ShowGuidance();
 
     connect(txtName, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtName_Change(); }); });
     connect(txtYOB, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtYOB_Change(); }); });
@@ -233,6 +234,14 @@ void ProfilePage::BuildControls()
     page->setSpacing(6);
     page->addLayout(nameRow);
     page->addLayout(middleRow, 1);
+    labProfileGuide = new QLabel(this);
+    labProfileGuide->setObjectName(QStringLiteral("labProfileGuide"));
+    labProfileGuide->setWordWrap(true);
+    labProfileGuide->setTextFormat(Qt::PlainText);
+    QFont guideFont = labProfileGuide->font();
+    guideFont.setItalic(true);
+    labProfileGuide->setFont(guideFont);
+    page->addWidget(labProfileGuide);
     page->addLayout(buttonRow);
 
     // A new profile: English units, female, sedentary, nothing typed yet, so
@@ -273,7 +282,21 @@ void ProfilePage::ValidateTab1Data()
         txtYOB->setFocus();
     }
     btnSaveProfile->setEnabled(verdict.valid);
+    ShowGuidance();
     emit profileValidated(verdict.valid);
+}
+
+void ProfilePage::ShowGuidance()
+{
+    // Worked out on a copy from the boxes as they are now, which may have
+    // been emptied since the last validation.
+    Profile scratch = session_.profile;
+    ValidateProfile(CurrentInputs(), seams_.clock.CurrentYear(), scratch);
+    QStringList missing;
+    for (const std::string& line : ProfileGuidance(scratch))
+        missing << FromLatin1(line);
+    labProfileGuide->setText(missing.join(QStringLiteral("; ")));
+    labProfileGuide->setVisible(!missing.isEmpty());
 }
 
 void ProfilePage::ValidateFromHandler()
@@ -373,6 +396,7 @@ void ProfilePage::btnNewProfile_Click()
     txtWeight->clear();
     txtYOB->clear();
     btnSaveProfile->setEnabled(false);
+    ShowGuidance();
     emit profileValidated(false);
 }
 

@@ -80,6 +80,8 @@ private:
     void btnTab1Help_Click();
 
     void NumericKeyUp(QLineEdit* box);
+    // The guidance line from the last validation.
+    void ShowGuidance();
     // Runs a validation from a change handler: while a file is being loaded a
     // run-time error is kept for the loader instead of escaping.
     void ValidateFromHandler();
@@ -110,6 +112,9 @@ private:
     QPushButton* btnLoadProfile = nullptr;
     QPushButton* btnSaveProfile = nullptr;
     QPushButton* btnTab1Help = nullptr;
+    // Under the boxes: what the profile still needs, in words, while it is
+    // not valid.
+    QLabel* labProfileGuide = nullptr;
 };
 
 }  // namespace pw

@@ -1,5 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/analysis/AnalysisFile.cpp
+  src/analysis/AnalysisOpening.cpp
   src/analysis/DailyValues.cpp
   src/analysis/Profile.cpp
   src/analysis/ProfileFile.cpp

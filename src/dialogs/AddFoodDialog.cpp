@@ -14,6 +14,7 @@
 #include "core/views/StoredTextValidator.h"
 #include "core/Numeric.h"
 #include "fooddb/FoodGroups.h"
+#include "foodlist/TierMap.h"
 #include "foodlist/FoodListPage.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"

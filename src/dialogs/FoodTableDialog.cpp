@@ -4,10 +4,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QShowEvent>
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
+#include "foodlist/TierMap.h"
 #include "shell/MainWindow.h"
 #include "shell/Seams.h"
 #include "shell/Session.h"
@@ -17,6 +19,8 @@ namespace pw {
 FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent)
     : QDialog(parent), session_(session), seams_(seams), main_(main), helpContext_(helpContext)
 {
+    // F1 opens the dialog's topic, as its Help button does.
+    new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
 }
 
 void FoodTableDialog::reject()

@@ -2,12 +2,14 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QTableWidget>
 #include <algorithm>
@@ -101,6 +103,19 @@ SearchDialog::SearchDialog(const Session& session, Seams& seams, FoodListPage& c
     // Text pasted or cut with the mouse follows the same rule as typing.
     connect(txtSearch, &QLineEdit::textEdited, this, [this] { RunGuarded(guard, [this] { txtSearch_KeyUp(); }); });
     txtSearch->installEventFilter(this);
+    // A result double-clicked, or Enter on the result moved to, is taken as
+    // Accept takes it.
+    connect(gridSearch, &QTableWidget::cellDoubleClicked, this, [this](int row) {
+        RunGuarded(guard, [this, row] {
+            gridSearch_RowColChange(row);
+            if (btnAccept->isEnabled())
+                btnAccept_Click();
+        });
+    });
+    gridSearch->installEventFilter(this);
+    // The grid is one stop of the Tab key; the arrow keys move inside it.
+    gridSearch->setTabKeyNavigation(false);
+    new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
     ResetSearch();
 }
 
@@ -359,6 +374,13 @@ bool SearchDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == txtSearch && event->type() == QEvent::KeyRelease)
         RunGuarded(guard, [this] { txtSearch_KeyUp(); });
+    if (watched == gridSearch && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && btnAccept->isEnabled()) {
+            RunGuarded(guard, [this] { btnAccept_Click(); });
+            return true;
+        }
+    }
     return QDialog::eventFilter(watched, event);
 }
 

@@ -3,7 +3,6 @@
 #include "core/Numeric.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
-#include "foodlist/TierMap.h"
 
 namespace pw {
 
@@ -136,21 +135,6 @@ std::string CapitalizeFirst(std::string_view text)
     std::string out(text);
     out[0] = UpperLatin1(out[0]);
     return out;
-}
-
-std::vector<std::string> GroupSubgroups(const FoodTable& table, const TierMap& chooserMap, std::string_view group)
-{
-    // The walk writes the subgroup column; it writes into a copy, so the
-    // chooser's lists still map to their foods when the dialog is left.
-    TierMap map = chooserMap;
-    for (int row = 0; row + 1 < kTierRows; ++row) {
-        const int first = map.Get(row, 0);
-        if (first < 0 || first > table.LastIndex())
-            break;  // the row after the last group
-        if (table.Group(first) == group)
-            return RebuildTierColumn(table, map, 1, row);
-    }
-    return {};
 }
 
 std::int32_t CustomNutrientValue(int row, std::string_view text, bool percentOfDV)

@@ -13,7 +13,6 @@
 
 namespace pw {
 
-class TierMap;
 
 // InsertFood's results below 0. Callers treat every other result as
 // success.
@@ -56,13 +55,6 @@ void DeleteFoods(FoodTable& table, int first, int n);
 // The text with its first character in upper case; a text shorter than two
 // characters wholly in upper case.
 std::string CapitalizeFirst(std::string_view text);
-
-// The subgroups of a group, each once in table order, for the dialogs that
-// add foods: the group's run is the row of the chooser's group column whose
-// first food carries the group's name (the row of the group list), walked
-// as the chooser walks it. The chooser's own map is left as it is. A group
-// without foods has none.
-std::vector<std::string> GroupSubgroups(const FoodTable& table, const TierMap& chooserMap, std::string_view group);
 
 // ---- the custom food dialog ------------------------------------------------
 

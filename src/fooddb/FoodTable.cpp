@@ -67,4 +67,22 @@ void FoodTable::Clear()
     DatabaseDirty = false;
 }
 
+std::string DailyValueText(Nutrient nutrient, std::int32_t value)
+{
+    std::string text = std::to_string(value);
+    switch (nutrient) {
+    case kProtein:
+    case kCarbs:
+    case kFats:
+    case kFiber:
+        return text + " g";
+    case kCholesterol:
+    case kCalcium:
+    case kSodium:
+        return text + " mg";
+    default:
+        return text;
+    }
+}
+
 }  // namespace pw

@@ -29,6 +29,14 @@ inline constexpr int kShownNutrients = 8;
 inline constexpr int kNutrientValues = 9;
 
 using NutrientValues = std::array<std::int32_t, kNutrientValues>;
+// Per shown nutrient: a person's daily values (Calories in kilocalories;
+// Protein, Carbs, Fats and Fiber in grams; Cholesterol, Calcium and Sodium in
+// milligrams), and amounts as percent of them.
+using DailyValues = std::array<std::int32_t, kShownNutrients>;
+using NutrientPercents = std::array<std::int32_t, kShownNutrients>;
+
+// "2100", "63 g", "2494 mg": an amount (or daily value) with the nutrient's unit.
+std::string DailyValueText(Nutrient nutrient, std::int32_t value);
 
 struct FoodRecord {
     std::string group;        // the group's name (or an unknown letter as read)

@@ -4,12 +4,10 @@
 #include <array>
 #include <cstdint>
 
-#include "analysis/DailyValues.h"
 #include "fooddb/FoodTable.h"
 
 namespace pw {
 
-using NutrientPercents = std::array<std::int32_t, kShownNutrients>;
 
 struct ChooserState {
     std::int16_t currentFood = 0;     // FoodTable index of the chosen measure

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/DailyValues.h"
 #include "fooddb/FoodTable.h"
 #include "foodlist/ChooserState.h"
 

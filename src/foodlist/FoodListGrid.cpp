@@ -2,7 +2,10 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -59,12 +62,38 @@ FoodListGrid::FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QT
     connect(grid_.horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this] { guard_.Run([&] { gridMain_Click(0); }); });
     grid_.viewport()->installEventFilter(this);
+    // The grid is one stop of the Tab key; the arrow keys move inside it.
+    grid_.setTabKeyNavigation(false);
+    grid_.installEventFilter(this);
 }
 
 bool FoodListGrid::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
 
 bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == &grid_ && event->type() == QEvent::FocusIn &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+        // Reached by the keyboard, the grid would make its first row current
+        // and so load it into the chooser: it shows no row until the user
+        // moves to one, except the row the chooser is changing.
+        FlagScope writing(writing_);
+        static_cast<QObject&>(grid_).event(event);
+        const FoodList& list = session_.foodList;
+        const bool changingCurrentRow =
+            !session_.chooser.addingNewItem && list.selectedRow >= 1 && grid_.currentRow() + 1 == list.selectedRow;
+        if (!changingCurrentRow) {
+            grid_.clearSelection();
+            grid_.selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+        }
+        return true;
+    }
+    if (watched == &grid_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
+        // The same question as "Delete from List", for the row shown.
+        if (chooser_.btnDeleteItem->isEnabled())
+            guard_.Run([&] { btnDeleteItem_Click(); });
+        return true;
+    }
     const bool press = event->type() == QEvent::MouseButtonPress;
     const bool release = event->type() == QEvent::MouseButtonRelease;
     if (watched != grid_.viewport() || !(press || release))

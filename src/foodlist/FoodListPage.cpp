@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -174,6 +175,12 @@ void FoodListPage::BuildControls()
     for (auto* b : {btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help})
         buttons->addWidget(b);
     outer->addLayout(buttons);
+
+    // Tab follows the chooser left to right, top to bottom, then the buttons.
+    QWidget* order[] = {comTier0, comTier1, comTier2, comQuantity, comTier3,
+                        btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 void FoodListPage::SetHooks(ChooserHooks hooks) { hooks_ = std::move(hooks); }
@@ -345,7 +352,12 @@ void FoodListPage::ProcessTier(int tier)
     }
 }
 
-void FoodListPage::btnNewItem_Click() { NewItem(); }
+void FoodListPage::btnNewItem_Click()
+{
+    NewItem();
+    // The keyboard goes on where the choice starts.
+    comTier0->setFocus(Qt::OtherFocusReason);
+}
 
 void FoodListPage::btnSearch_Click()
 {
@@ -521,7 +533,20 @@ void FoodListPage::comQuantity_KeyUp() { ProcessData(); }
 
 bool FoodListPage::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyRelease && (watched == comQuantity || watched == comQuantity->lineEdit()))
+    const bool quantityBox = watched == comQuantity || watched == comQuantity->lineEdit();
+    const bool enterKey = (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) &&
+                          (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    if (quantityBox && enterKey) {
+        // Enter presses "Add to List" or "Change" when it may be pressed;
+        // it changes no text, so it parses nothing.
+        if (event->type() == QEvent::KeyPress && btnAcceptItem->isEnabled()) {
+            btnAcceptItem->click();
+            btnNewItem->setFocus(Qt::OtherFocusReason);
+        }
+        return true;
+    }
+    if (event->type() == QEvent::KeyRelease && quantityBox)
         RunGuarded(guard, [this] { comQuantity_KeyUp(); });
     return QWidget::eventFilter(watched, event);
 }

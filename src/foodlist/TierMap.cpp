@@ -70,4 +70,19 @@ std::vector<std::string> RebuildTierColumn(const FoodTable& table, TierMap& map,
     return entries;
 }
 
+std::vector<std::string> GroupSubgroups(const FoodTable& table, const TierMap& chooserMap, std::string_view group)
+{
+    // The walk writes the subgroup column; it writes into a copy, so the
+    // chooser's lists still map to their foods when the dialog is left.
+    TierMap map = chooserMap;
+    for (int row = 0; row + 1 < kTierRows; ++row) {
+        const int first = map.Get(row, 0);
+        if (first < 0 || first > table.LastIndex())
+            break;  // the row after the last group
+        if (table.Group(first) == group)
+            return RebuildTierColumn(table, map, 1, row);
+    }
+    return {};
+}
+
 }  // namespace pw

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pw {
@@ -35,5 +36,12 @@ std::vector<std::string> RebuildGroupColumn(const FoodTable& table, TierMap& map
 // measure are skipped at tiers 2 and 3. The row after the last entry gets the
 // index one past the run. Rows and indices out of range are run-time errors.
 std::vector<std::string> RebuildTierColumn(const FoodTable& table, TierMap& map, int tier, int position);
+
+// The subgroups of a group, each once in table order, for the dialogs that
+// add foods: the group's run is the row of the chooser's group column whose
+// first food carries the group's name (the row of the group list), walked
+// as the chooser walks it. The chooser's own map is left as it is. A group
+// without foods has none.
+std::vector<std::string> GroupSubgroups(const FoodTable& table, const TierMap& chooserMap, std::string_view group);
 
 }  // namespace pw

@@ -1,64 +1,53 @@
 #include "printing/ReportPrinter.h"
 
 #include <QApplication>
-#include <QFileInfo>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QTextDocument>
+
+#include "printing/ReportRenderer.h"
 
 namespace pw {
 
 namespace {
 
-void PrintDocument(const QString& html, QPrinter& printer)
+// The default printer with its own paper, turned and margined as the report
+// wants.
+void SetUp(QPrinter& printer, const ReportDocument& report)
 {
-    QTextDocument document;
-    document.setHtml(html);
-    document.print(&printer);
+    printer.setDocName(QString::fromLatin1(report.title));
+    printer.setPageLayout(ReportPageLayout(report, printer.pageLayout().pageSize()));
 }
 
 }  // namespace
 
-bool PrintToPdf(const QString& html, const QString& path)
+bool SystemPrinter::HasPrinter() const { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+
+bool SystemPrinter::Print(const ReportDocument& report)
 {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(path);
-    PrintDocument(html, printer);
-    const QFileInfo written(path);
-    return written.exists() && written.size() > 0;
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    SetUp(printer, report);
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("dlgPrint"));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool printed = PaintReport(report, printer);
+    QApplication::restoreOverrideCursor();
+    return printed;
 }
 
-bool SystemPrinter::Print(const QString& title, const QString& html)
+void SystemPrinter::Preview(const ReportDocument& report)
 {
-    const QPrinterInfo defaultPrinter = QPrinterInfo::defaultPrinter();
-    if (!defaultPrinter.isNull()) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        QPrinter printer(defaultPrinter, QPrinter::HighResolution);
-        printer.setDocName(title);
-        PrintDocument(html, printer);
-        QApplication::restoreOverrideCursor();
-        return true;
-    }
-
-    FileDialogRequest request;
-    request.initialFolder = folder_;
-    request.defaultExtension = QStringLiteral(".pdf");
-    request.proposedName = title + QStringLiteral(".pdf");
-    request.filter = QStringLiteral("PDF documents (*.pdf)|*.pdf");
-    request.overwritePrompt = true;
-    request.pathMustExist = true;
-    const std::optional<QString> path = files_.SaveFile(request);
-    if (!path)
-        return false;
-    if (!PrintToPdf(html, *path)) {
-        prompts_.Message(QStringLiteral("The report could not be written to\r\n") + *path, QStringLiteral("Print"),
-                         MsgIcon::Exclamation);
-        return false;
-    }
-    prompts_.Message(QStringLiteral("No printer is set up, so the report was saved as\r\n") + *path,
-                     QStringLiteral("Print"), MsgIcon::Information);
-    return true;
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    SetUp(printer, report);
+    QPrintPreviewDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("dlgPrintPreview"));
+    dialog.setWindowTitle(QString::fromLatin1(report.title));
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                     [&report](QPrinter* target) { PaintReport(report, *target); });
+    dialog.exec();
 }
 
 }  // namespace pw

@@ -1,25 +1,16 @@
 #pragma once
-// Printing on the system's default printer; without one, the report is
-// saved as a PDF file the user names.
+// The system's printers through Qt's print dialog and print preview.
 #include "shell/Seams.h"
+
+class QWidget;
 
 namespace pw {
 
 class SystemPrinter : public Printer {
 public:
-    SystemPrinter(FileDialogs& files, Prompts& prompts, QString folder)
-        : files_(files), prompts_(prompts), folder_(std::move(folder))
-    {
-    }
-    bool Print(const QString& title, const QString& html) override;
-
-private:
-    FileDialogs& files_;
-    Prompts& prompts_;
-    QString folder_;
+    bool HasPrinter() const override;
+    bool Print(const ReportDocument& report) override;
+    void Preview(const ReportDocument& report) override;
 };
-
-// Writes the report as a PDF file; false when the file cannot be written.
-bool PrintToPdf(const QString& html, const QString& path);
 
 }  // namespace pw

@@ -1,5 +1,7 @@
 #include "shell/AppRunner.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QScreen>
 #include <QWidget>
@@ -15,8 +17,11 @@
 #include "core/LineFile.h"
 #include "core/Text.h"
 #include "printing/ReportPrinter.h"
+#include "shell/CommandLine.h"
+#include "shell/DesktopIntegration.h"
 #include "shell/ErrorGuard.h"
 #include "shell/MainWindow.h"
+#include "shell/ProgramFolder.h"
 #include "shell/ProgramWindows.h"
 #include "shell/RealSeams.h"
 #include "shell/Session.h"
@@ -90,12 +95,18 @@ std::string ExecutableFolder() { return QCoreApplication::applicationDirPath().t
 
 int RunPlatewell(int& argc, char** argv)
 {
+    // Reports made from the command line need no window and no display.
+    CommandLineRequest request;
+    if (const std::optional<int> status = RunWithoutWindow(argc, argv, request))
+        return *status;
+
     PlatewellApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("Platewell"));
     app.setQuitOnLastWindowClosed(false);  // the program ends in Egress
+    SetDesktopIdentity(app);
 
     Session session;
-    session.programFolder = ExecutableFolder();
+    session.programFolder = ProgramFolder(ExecutableFolder());
     MessageBoxPrompts prompts;
 
     // One program per folder: a second copy would write its files over the
@@ -113,7 +124,7 @@ int RunPlatewell(int& argc, char** argv)
     SystemFileDialogs files;
     SystemHelpDisplay help(prompts);
     SystemClock clock;
-    SystemPrinter printer(files, prompts, QString::fromStdString(session.programFolder));
+    SystemPrinter printer;
     Seams seams{prompts, files, help, clock, printer};
     // Once the user has answered a run-time error the process ends at once,
     // whatever was waiting below the message.
@@ -125,6 +136,13 @@ int RunPlatewell(int& argc, char** argv)
 
     ProgramWindows windows(session, seams, guard);
     QObject::connect(&windows, &ProgramWindows::mainShown, &app, [&](MainWindow* w) { prompts.SetParent(w); });
+    // A document the program was started with (a double click in a file
+    // manager) opens once the main window is up.
+    const QString document =
+        request.listFile.isEmpty() ? QString() : QDir::cleanPath(QFileInfo(request.listFile).absoluteFilePath());
+    if (!document.isEmpty())
+        QObject::connect(&windows, &ProgramWindows::mainShown, &app,
+                         [&, document](MainWindow* w) { guard.Run([&] { OpenDocument(*w, document); }); });
     SplashWindow& splash = windows.CreateSplash();
     splash.adjustSize();
     if (QScreen* screen = QGuiApplication::primaryScreen())

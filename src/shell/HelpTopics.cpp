@@ -1,6 +1,7 @@
 #include "shell/HelpTopics.h"
 
 #include <cstdlib>
+#include <utility>
 
 #include "core/Text.h"
 
@@ -31,6 +32,183 @@ std::vector<HelpTopic> HelpTopics(std::string_view file)
         at = text;
     }
     return topics;
+}
+
+namespace {
+
+// The value of the attribute that starts at at (just after its opening
+// quote) up to the closing quote, or nothing when the quote never closes.
+std::string_view QuotedValue(std::string_view text, std::size_t at)
+{
+    const std::size_t end = text.find('"', at);
+    if (end == std::string_view::npos)
+        return {};
+    return text.substr(at, end - at);
+}
+
+// Every value of attr="..." in text, in order.
+std::vector<std::string> AttributeValues(std::string_view text, std::string_view attr)
+{
+    std::vector<std::string> values;
+    std::size_t at = 0;
+    while ((at = text.find(attr, at)) != std::string_view::npos) {
+        at += attr.size();
+        const std::string_view value = QuotedValue(text, at);
+        if (!value.empty())
+            values.emplace_back(value);
+        at += value.size();
+    }
+    return values;
+}
+
+bool IsInlineTag(std::string_view tag)
+{
+    std::size_t start = tag.starts_with('/') ? 1 : 0;
+    std::size_t end = start;
+    while (end < tag.size() && ((tag[end] >= 'a' && tag[end] <= 'z') || (tag[end] >= '0' && tag[end] <= '9')))
+        ++end;
+    const std::string_view name = tag.substr(start, end - start);
+    for (std::string_view inlineName : {"a", "b", "i", "em", "strong", "code", "kbd", "span", "tt"})
+        if (name == inlineName)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+std::string HelpPlainText(std::string_view html)
+{
+    static constexpr std::pair<std::string_view, char> kEntities[] = {
+        {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&nbsp;", ' '}};
+    std::string text;
+    text.reserve(html.size());
+    std::size_t i = 0;
+    while (i < html.size()) {
+        const char c = html[i];
+        if (c == '<') {
+            const std::size_t close = html.find('>', i);
+            if (close == std::string_view::npos)
+                break;
+            if (!IsInlineTag(html.substr(i + 1, close - i - 1)))
+                text += ' ';
+            i = close + 1;
+            continue;
+        }
+        if (c == '&') {
+            bool replaced = false;
+            for (const auto& [entity, character] : kEntities) {
+                if (html.substr(i, entity.size()) == entity) {
+                    text += character;
+                    i += entity.size();
+                    replaced = true;
+                    break;
+                }
+            }
+            if (replaced)
+                continue;
+        }
+        text += (c == '\r' || c == '\n' || c == '\t') ? ' ' : c;
+        ++i;
+    }
+    // One blank between words.
+    std::string folded;
+    for (char c : text) {
+        if (c == ' ' && (folded.empty() || folded.back() == ' '))
+            continue;
+        folded += c;
+    }
+    return Trim(folded);
+}
+
+int HelpBook::PageOf(std::string_view anchor) const
+{
+    for (std::size_t p = 0; p < pages.size(); ++p)
+        for (const std::string& name : pages[p].anchors)
+            if (name == anchor)
+                return static_cast<int>(p);
+    return -1;
+}
+
+HelpBook ReadHelpBook(std::string_view file)
+{
+    static constexpr std::string_view kHeading = "<h1";
+    static constexpr std::string_view kHeadingEnd = "</h1>";
+    HelpBook book;
+    std::size_t end = file.find("</body>");
+    if (end == std::string_view::npos)
+        end = file.size();
+    const std::string_view body = file.substr(0, end);
+    std::size_t at = body.find(kHeading);
+    while (at != std::string_view::npos) {
+        const std::size_t next = body.find(kHeading, at + kHeading.size());
+        HelpPage page;
+        page.html = std::string(body.substr(at, next == std::string_view::npos ? std::string_view::npos : next - at));
+        const std::string_view html = page.html;
+        const std::size_t headingEnd = html.find(kHeadingEnd);
+        const std::string_view heading = html.substr(0, headingEnd);
+        const std::vector<std::string> own = AttributeValues(heading, "name=\"");
+        if (!own.empty())
+            page.name = own.front();
+        const std::size_t headingText = heading.find('>');
+        page.title = headingText == std::string_view::npos ? std::string() : HelpPlainText(heading.substr(headingText + 1));
+        page.anchors = AttributeValues(html, "name=\"");
+        page.text = LowerLatin1(HelpPlainText(html));
+        book.pages.push_back(std::move(page));
+        at = next;
+    }
+    return book;
+}
+
+std::vector<std::string> HelpLinks(std::string_view html) { return AttributeValues(html, "href=\"#"); }
+
+std::vector<HelpIndexEntry> HelpIndex(const HelpBook& book)
+{
+    static constexpr std::string_view kLink = "<a href=\"#";
+    std::vector<HelpIndexEntry> entries;
+    const int index = book.PageOf("index");
+    if (index < 0)
+        return entries;
+    const std::string_view html = book.pages[static_cast<std::size_t>(index)].html;
+    std::size_t at = 0;
+    while ((at = html.find(kLink, at)) != std::string_view::npos) {
+        at += kLink.size();
+        const std::string_view anchor = QuotedValue(html, at);
+        const std::size_t open = html.find('>', at);
+        const std::size_t close = html.find("</a>", at);
+        if (anchor.empty() || open == std::string_view::npos || close == std::string_view::npos || close < open)
+            continue;
+        entries.push_back({HelpPlainText(html.substr(open + 1, close - open - 1)), std::string(anchor)});
+        at = close;
+    }
+    return entries;
+}
+
+std::vector<int> SearchHelp(const HelpBook& book, std::string_view query)
+{
+    std::vector<std::string> words;
+    const std::string lowered = LowerLatin1(query);
+    std::size_t at = 0;
+    while (at < lowered.size()) {
+        const std::size_t blank = lowered.find(' ', at);
+        const std::size_t end = blank == std::string::npos ? lowered.size() : blank;
+        if (end > at)
+            words.push_back(lowered.substr(at, end - at));
+        at = end + 1;
+    }
+    std::vector<int> found;
+    if (words.empty())
+        return found;
+    for (std::size_t p = 0; p < book.pages.size(); ++p) {
+        const HelpPage& page = book.pages[p];
+        if (page.name == "index")
+            continue;
+        bool all = true;
+        for (const std::string& word : words)
+            all = all && page.text.find(word) != std::string::npos;
+        if (all)
+            found.push_back(static_cast<int>(p));
+    }
+    return found;
 }
 
 std::string DataVersionText(std::string_view line)

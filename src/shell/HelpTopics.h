@@ -22,6 +22,45 @@ std::vector<HelpTopic> HelpTopics(std::string_view helpFile);
 // The anchor name of a context number: "context-N".
 std::string HelpAnchor(int context);
 
+// The help file as a book of pages. Every <h1> starts a page; the page's
+// name is the first anchor (<a name="...">) inside that heading, its title
+// the heading's text. Anchors elsewhere in a page are places within it.
+struct HelpPage {
+    std::string name;
+    std::string title;
+    std::string html;                  // from its <h1> up to the next page
+    std::vector<std::string> anchors;  // every anchor name in the page, its own first
+    std::string text;                  // the page's words without tags, lower-cased
+};
+
+struct HelpBook {
+    std::vector<HelpPage> pages;
+    // The page that holds an anchor, or -1.
+    int PageOf(std::string_view anchor) const;
+};
+
+HelpBook ReadHelpBook(std::string_view helpFile);
+
+// The targets of the in-book links of a piece of the help (href="#name"),
+// in order.
+std::vector<std::string> HelpLinks(std::string_view html);
+
+// The keyword index: the page named "index" lists its entries as links,
+// each a keyword and the anchor it leads to.
+struct HelpIndexEntry {
+    std::string keyword;
+    std::string anchor;
+};
+std::vector<HelpIndexEntry> HelpIndex(const HelpBook& book);
+
+// The pages holding every word of a query (blank-separated, any letter
+// case), in book order; the index page itself is left out.
+std::vector<int> SearchHelp(const HelpBook& book, std::string_view query);
+
+// HTML text with its tags removed and the few entities the help uses
+// (&amp; &lt; &gt; &quot; &nbsp;) turned back into characters.
+std::string HelpPlainText(std::string_view html);
+
 // The about box's data version: the version line after its first "v", or
 // the whole line when it has none.
 std::string DataVersionText(std::string_view dataVersionLine);

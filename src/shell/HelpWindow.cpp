@@ -1,70 +1,150 @@
 #include "shell/HelpWindow.h"
 
-#include <QFile>
+#include <QDesktopServices>
 #include <algorithm>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QHBoxLayout>
+#include <QHideEvent>
+#include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QSettings>
+#include <QShortcut>
 #include <QTextBrowser>
+#include <QUrlQuery>
 #include <QVBoxLayout>
 
 namespace pw {
 
 namespace {
 
+// Pages of the browser are addressed as help:<page name>#<anchor>; the
+// search results are help:search?q=<words>.
+const QString kScheme = QStringLiteral("help");
+const QString kSearchPage = QStringLiteral("search");
+const QString kBuiltInHelpOnHelp = QStringLiteral("builtin-using-help");
+const char* const kIndexPage = "index";
+const char* const kHelpOnHelpPage = "using-help";
+const char* const kSizeKey = "window/size";
+
+// Shown when the help file has no page on using help (or cannot be read).
 const char* const kHelpOnHelp =
-    "<h2>How to use Help</h2>"
+    "<h1>How to use Help</h1>"
     "<p>Help opens at the topic of the window or command you asked it from. "
     "Links in a topic lead to related topics.</p>"
-    "<ul><li><b>Contents</b> goes to the start of the help, with the list of topics.</li>"
-    "<li><b>Index</b> lists every topic by name; click one to read it.</li>"
-    "<li><b>Back</b> returns to the page you read before.</li>"
-    "<li><b>Close</b> (or Esc) closes help; Platewell stays as it was.</li></ul>"
-    "<p>Use the arrow and Page keys to scroll, Tab to move between links and Enter to follow one.</p>";
+    "<ul><li><b>Contents</b> goes to the list of topics.</li>"
+    "<li><b>Index</b> lists keywords; click one to read about it.</li>"
+    "<li><b>Back</b> and <b>Forward</b> walk the pages you have read.</li>"
+    "<li><b>Search</b> lists the topics that hold every word you type.</li>"
+    "<li><b>Close</b> (or Esc) closes help; Platewell stays as it was.</li></ul>";
+
+QString FromLatin1(const std::string& text) { return QString::fromLatin1(text.data(), qsizetype(text.size())); }
+
+// The help window's size lives in the user's settings folder
+// (~/.config/Platewell/help.ini), not in the program folder's pw.ini.
+QSettings HelpSettings()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Platewell"), QStringLiteral("help"));
+}
+
+QUrl PageUrl(const QString& page, const QString& anchor = {})
+{
+    QUrl url;
+    url.setScheme(kScheme);
+    url.setPath(page);
+    if (!anchor.isEmpty() && anchor != page)
+        url.setFragment(anchor);
+    return url;
+}
 
 }  // namespace
+
+// The browser asks the window for its pages and pictures.
+class HelpBrowser : public QTextBrowser {
+public:
+    HelpBrowser(HelpWindow& window) : QTextBrowser(&window), window_(window) {}
+
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        if (type == QTextDocument::ImageResource) {
+            // Only pictures of the help folder, by their file name.
+            const QString file = QFileInfo(name.path()).fileName();
+            QImage image(QDir(window_.folder_).filePath(QStringLiteral("help/") + file));
+            return image.isNull() ? QVariant() : QVariant(image);
+        }
+        if (name.scheme() == kScheme)
+            return window_.PageHtml(name);
+        return {};
+    }
+
+private:
+    HelpWindow& window_;
+};
 
 HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmHelp"));
     setWindowTitle(QStringLiteral("Platewell Help"));
-    browser = new QTextBrowser(this);
+    setSizeGripEnabled(true);
+    browser = new HelpBrowser(*this);
     browser->setObjectName(QStringLiteral("browserHelp"));
-    browser->setOpenLinks(true);
-    browser->setOpenExternalLinks(false);
+    browser->setOpenLinks(false);
     btnContents = new QPushButton(QStringLiteral("&Contents"), this);
     btnIndex = new QPushButton(QStringLiteral("&Index"), this);
     btnBack = new QPushButton(QStringLiteral("&Back"), this);
+    btnForward = new QPushButton(QStringLiteral("&Forward"), this);
+    txtHelpSearch = new QLineEdit(this);
+    txtHelpSearch->setPlaceholderText(QStringLiteral("Words to find"));
+    txtHelpSearch->setToolTip(QStringLiteral("Finds the topics that hold every word you type"));
+    btnHelpSearch = new QPushButton(QStringLiteral("&Search"), this);
     btnClose = new QPushButton(QStringLiteral("Close"), this);
     btnContents->setObjectName(QStringLiteral("btnContents"));
     btnIndex->setObjectName(QStringLiteral("btnIndex"));
     btnBack->setObjectName(QStringLiteral("btnBack"));
+    btnForward->setObjectName(QStringLiteral("btnForward"));
+    txtHelpSearch->setObjectName(QStringLiteral("txtHelpSearch"));
+    btnHelpSearch->setObjectName(QStringLiteral("btnHelpSearch"));
     btnClose->setObjectName(QStringLiteral("btnClose"));
+    for (QPushButton* b : {btnContents, btnIndex, btnBack, btnForward, btnHelpSearch, btnClose})
+        b->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* b : {btnContents, btnIndex, btnBack})
+    for (QPushButton* b : {btnContents, btnIndex, btnBack, btnForward})
         buttons->addWidget(b);
-    buttons->addStretch(1);
+    buttons->addSpacing(12);
+    buttons->addWidget(txtHelpSearch, 1);
+    buttons->addWidget(btnHelpSearch);
+    buttons->addSpacing(12);
     buttons->addWidget(btnClose);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(buttons);
     layout->addWidget(browser, 1);
-    resize(560, 480);
+
+    const QSize remembered = HelpSettings().value(QString::fromLatin1(kSizeKey)).toSize();
+    resize(remembered.isValid() && remembered.width() >= 300 && remembered.height() >= 200 ? remembered
+                                                                                          : QSize(820, 640));
 
     connect(btnContents, &QPushButton::clicked, this, [this] { ShowTopic(0); });
     connect(btnIndex, &QPushButton::clicked, this, [this] { ShowIndex(); });
     connect(btnBack, &QPushButton::clicked, browser, &QTextBrowser::backward);
+    connect(btnForward, &QPushButton::clicked, browser, &QTextBrowser::forward);
     connect(browser, &QTextBrowser::backwardAvailable, btnBack, &QPushButton::setEnabled);
+    connect(browser, &QTextBrowser::forwardAvailable, btnForward, &QPushButton::setEnabled);
+    connect(btnHelpSearch, &QPushButton::clicked, this, [this] { Search(txtHelpSearch->text()); });
+    connect(txtHelpSearch, &QLineEdit::returnPressed, this, [this] { Search(txtHelpSearch->text()); });
     connect(btnClose, &QPushButton::clicked, this, &QDialog::close);
-    // The index and help-on-help pages link into the file by anchor.
-    connect(browser, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
-        if (!showingFile_ && url.hasFragment() && url.path().isEmpty()) {
-            ShowFile();
-            browser->scrollToAnchor(url.fragment());
-        }
-    });
+    connect(browser, &QTextBrowser::anchorClicked, this, &HelpWindow::FollowLink);
+    // The browser's own keys for the pages read.
+    new QShortcut(QKeySequence::Back, this, browser, &QTextBrowser::backward);
+    new QShortcut(QKeySequence::Forward, this, browser, &QTextBrowser::forward);
+    new QShortcut(QKeySequence::Find, this, [this] { txtHelpSearch->setFocus(); txtHelpSearch->selectAll(); });
     btnBack->setEnabled(false);
+    btnForward->setEnabled(false);
 }
+
+HelpWindow::~HelpWindow() = default;
 
 bool HelpWindow::LoadFile(const QString& path)
 {
@@ -72,55 +152,125 @@ bool HelpWindow::LoadFile(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray bytes = file.readAll();
-    path_ = path;
-    html_ = QString::fromLatin1(bytes);
-    topics_ = HelpTopics(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    showingFile_ = false;
+    const QString folder = QFileInfo(path).absolutePath();
+    // The same file again keeps the pages read, for Back; another one
+    // starts a new walk, since pages of the old one may be gone.
+    if (folder == folder_ && bytes == bytes_)
+        return true;
+    folder_ = folder;
+    bytes_ = bytes;
+    book_ = ReadHelpBook(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    browser->clearHistory();
     return true;
 }
 
-void HelpWindow::ShowFile()
+void HelpWindow::hideEvent(QHideEvent* event)
 {
-    if (!showingFile_) {
-        browser->setHtml(html_);
-        showingFile_ = true;
-    }
+    HelpSettings().setValue(QString::fromLatin1(kSizeKey), size());
+    QDialog::hideEvent(event);
+}
+
+bool HelpWindow::ShowAnchor(const QString& anchor)
+{
+    const int page = book_.PageOf(anchor.toLatin1().toStdString());
+    if (page < 0)
+        return false;
+    browser->setSource(PageUrl(FromLatin1(book_.pages[std::size_t(page)].name), anchor),
+                       QTextDocument::HtmlResource);
+    return true;
 }
 
 void HelpWindow::ShowTopic(int context)
 {
-    ShowFile();
-    const QString anchor = QString::fromStdString(HelpAnchor(context));
-    bool known = false;
-    for (const HelpTopic& topic : topics_)
-        known = known || topic.context == context;
-    if (known)
-        browser->scrollToAnchor(anchor);
-    else {
-        browser->moveCursor(QTextCursor::Start);
-        browser->verticalScrollBar()->setValue(0);
-    }
+    if (ShowAnchor(FromLatin1(HelpAnchor(context))))
+        return;
+    if (!book_.pages.empty())
+        browser->setSource(PageUrl(FromLatin1(book_.pages.front().name)), QTextDocument::HtmlResource);
 }
 
 void HelpWindow::ShowIndex()
 {
-    QString page = QStringLiteral("<h2>Index</h2><ul>");
-    std::vector<HelpTopic> sorted = topics_;
-    std::sort(sorted.begin(), sorted.end(),
-              [](const HelpTopic& a, const HelpTopic& b) { return a.title < b.title; });
-    for (const HelpTopic& topic : sorted)
-        page += QStringLiteral("<li><a href=\"#%1\">%2</a></li>")
-                    .arg(QString::fromStdString(HelpAnchor(topic.context)),
-                         QString::fromLatin1(topic.title).toHtmlEscaped());
-    page += QStringLiteral("</ul>");
-    browser->setHtml(page);
-    showingFile_ = false;
+    if (!ShowAnchor(QString::fromLatin1(kIndexPage)))
+        ShowTopic(0);
 }
 
 void HelpWindow::ShowHelpOnHelp()
 {
-    browser->setHtml(QString::fromLatin1(kHelpOnHelp));
-    showingFile_ = false;
+    if (!ShowAnchor(QString::fromLatin1(kHelpOnHelpPage)))
+        browser->setSource(PageUrl(kBuiltInHelpOnHelp), QTextDocument::HtmlResource);
+}
+
+void HelpWindow::Search(const QString& query)
+{
+    if (query.trimmed().isEmpty())
+        return;
+    QUrl url = PageUrl(kSearchPage);
+    QUrlQuery items;
+    items.addQueryItem(QStringLiteral("q"), query.trimmed());
+    url.setQuery(items);
+    browser->setSource(url, QTextDocument::HtmlResource);
+}
+
+void HelpWindow::FollowLink(const QUrl& url)
+{
+    if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https") ||
+        url.scheme() == QLatin1String("mailto")) {
+        QDesktopServices::openUrl(url);
+        return;
+    }
+    // "#anchor" within the file, or help:<page>?find=<words> from the search
+    // results, which opens the page at the first of the words found.
+    const QString anchor = url.hasFragment() ? url.fragment() : url.path();
+    if (!ShowAnchor(anchor))
+        return;
+    const QString words = QUrlQuery(url).queryItemValue(QStringLiteral("find"), QUrl::FullyDecoded);
+    const QString first = words.section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty);
+    if (!first.isEmpty()) {
+        browser->moveCursor(QTextCursor::Start);
+        browser->find(first);
+    }
+}
+
+QString HelpWindow::PageHtml(const QUrl& url) const
+{
+    const QString path = url.path();
+    if (path == kSearchPage)
+        return SearchResultsHtml(QUrlQuery(url).queryItemValue(QStringLiteral("q"), QUrl::FullyDecoded));
+    if (path == kBuiltInHelpOnHelp)
+        return QString::fromLatin1(kHelpOnHelp);
+    for (const HelpPage& page : book_.pages)
+        if (FromLatin1(page.name) == path)
+            return QStringLiteral("<html><body>") + FromLatin1(page.html) + QStringLiteral("</body></html>");
+    return QStringLiteral("<html><body><p>This topic is not in the help file.</p></body></html>");
+}
+
+QString HelpWindow::SearchResultsHtml(const QString& query) const
+{
+    QString html = QStringLiteral("<html><body><h1>Search: %1</h1>").arg(query.toHtmlEscaped());
+    // A character outside Latin-1 occurs nowhere in the file.
+    const bool latin1 = std::all_of(query.begin(), query.end(), [](QChar c) { return c.unicode() <= 0xFF; });
+    const std::vector<int> found =
+        latin1 ? SearchHelp(book_, query.toLatin1().toStdString()) : std::vector<int>();
+    if (found.empty()) {
+        html += QStringLiteral("<p>No topic holds all of these words. Try fewer words, or a shorter form of a word "
+                               "(<i>measure</i> also finds <i>measures</i>).</p>");
+    } else {
+        html += found.size() == 1 ? QStringLiteral("<p>1 topic holds all of these words:</p><ul>")
+                                  : QStringLiteral("<p>%1 topics hold all of these words:</p><ul>").arg(found.size());
+        for (int p : found) {
+            const HelpPage& page = book_.pages[std::size_t(p)];
+            QUrl link;
+            link.setScheme(kScheme);
+            link.setPath(FromLatin1(page.name));
+            QUrlQuery find;
+            find.addQueryItem(QStringLiteral("find"), query);
+            link.setQuery(find);
+            html += QStringLiteral("<li><a href=\"%1\">%2</a></li>")
+                        .arg(link.toString(), FromLatin1(page.title).toHtmlEscaped());
+        }
+        html += QStringLiteral("</ul>");
+    }
+    return html + QStringLiteral("</body></html>");
 }
 
 }  // namespace pw

@@ -1,13 +1,17 @@
 #pragma once
-// Shows the help file: its topics by context number, an index of them, and a
-// page on using the help window itself.
+// Shows the help file one page at a time: the page of a context number, the
+// keyword index, the page on using help, and the pages that hold the words
+// of a search. Back and Forward walk the pages read; the window keeps its
+// size from one run to the next.
+#include <QByteArray>
 #include <QDialog>
-#include <vector>
+#include <QString>
 
 #include "shell/HelpTopics.h"
 
-class QTextBrowser;
+class QLineEdit;
 class QPushButton;
+class QTextBrowser;
 
 namespace pw {
 
@@ -15,28 +19,46 @@ class HelpWindow : public QDialog {
     Q_OBJECT
 public:
     explicit HelpWindow(QWidget* parent = nullptr);
+    ~HelpWindow() override;
 
-    // Loads the help file (read as Latin-1); false when it cannot be read.
+    // Loads the help file (read as Latin-1) and the pictures in the "help"
+    // folder beside it; false when it cannot be read.
     bool LoadFile(const QString& path);
-    // The topic with this context number, or the start of the file when the
-    // file has no such topic.
+    // The page of this context number, or the first page when the file has
+    // no such topic.
     void ShowTopic(int context);
     void ShowIndex();
     void ShowHelpOnHelp();
+    // The page holding an anchor of the file; false when no page has it.
+    bool ShowAnchor(const QString& anchor);
+    // A page listing the pages that hold every word of the query.
+    void Search(const QString& query);
+
+    const HelpBook& Book() const { return book_; }
 
     QTextBrowser* browser = nullptr;
     QPushButton* btnContents = nullptr;
     QPushButton* btnIndex = nullptr;
     QPushButton* btnBack = nullptr;
+    QPushButton* btnForward = nullptr;
+    QLineEdit* txtHelpSearch = nullptr;
+    QPushButton* btnHelpSearch = nullptr;
     QPushButton* btnClose = nullptr;
 
-private:
-    void ShowFile();
+protected:
+    void hideEvent(QHideEvent* event) override;
 
-    QString path_;
-    QString html_;
-    std::vector<HelpTopic> topics_;
-    bool showingFile_ = false;
+private:
+    friend class HelpBrowser;
+    // The HTML of a page of the browser: a page of the book, the search
+    // results, or the built-in page on using help.
+    QString PageHtml(const QUrl& url) const;
+    QString SearchResultsHtml(const QString& query) const;
+    void FollowLink(const QUrl& url);
+
+    QString folder_;
+    QByteArray bytes_;
+    HelpBook book_;
 };
 
 }  // namespace pw

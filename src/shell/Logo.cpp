@@ -8,16 +8,11 @@
 
 namespace pw {
 
-QPixmap PaintLogo(const QSize& size)
+void PaintLogoMark(QPainter& p, const QRectF& plateRect)
 {
-    QPixmap pixmap(size);
-    pixmap.fill(QColor(0xFB, 0xF8, 0xF1));
-    QPainter p(&pixmap);
+    p.save();
     p.setRenderHint(QPainter::Antialiasing);
-
-    const qreal h = size.height();
-    const qreal plate = h * 0.72;
-    const QRectF plateRect(h * 0.14, (h - plate) / 2, plate, plate);
+    const qreal plate = plateRect.width();
     const QPointF centre = plateRect.center();
 
     // Plate: a rim and a well.
@@ -25,10 +20,10 @@ QPixmap PaintLogo(const QSize& size)
     rim.setColorAt(0.0, QColor(0xFF, 0xFF, 0xFF));
     rim.setColorAt(0.85, QColor(0xF1, 0xEE, 0xE6));
     rim.setColorAt(1.0, QColor(0xC9, 0xC2, 0xB2));
-    p.setPen(QPen(QColor(0x9C, 0x93, 0x80), h * 0.012));
+    p.setPen(QPen(QColor(0x9C, 0x93, 0x80), plate / 60));
     p.setBrush(rim);
     p.drawEllipse(plateRect);
-    p.setPen(QPen(QColor(0xD8, 0xD1, 0xC1), h * 0.01));
+    p.setPen(QPen(QColor(0xD8, 0xD1, 0xC1), plate / 72));
     p.setBrush(Qt::NoBrush);
     p.drawEllipse(plateRect.adjusted(plate * 0.14, plate * 0.14, -plate * 0.14, -plate * 0.14));
 
@@ -46,9 +41,30 @@ QPixmap PaintLogo(const QSize& size)
     p.setPen(Qt::NoPen);
     p.setBrush(green);
     p.drawPath(leafPath);
-    p.setPen(QPen(QColor(0xE8, 0xF5, 0xE9), h * 0.012, Qt::SolidLine, Qt::RoundCap));
+    p.setPen(QPen(QColor(0xE8, 0xF5, 0xE9), plate / 60, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(QPointF(centre.x() - leaf * 0.9, centre.y() + leaf * 0.55),
                QPointF(centre.x() + leaf * 0.75, centre.y() - leaf * 0.55));
+    p.restore();
+}
+
+QRectF LogoMarkRect(const QRectF& square)
+{
+    // The rim's pen reaches half its width beyond the plate.
+    const qreal margin = square.width() / 40;
+    return square.adjusted(margin, margin, -margin, -margin);
+}
+
+QPixmap PaintLogo(const QSize& size)
+{
+    QPixmap pixmap(size);
+    pixmap.fill(QColor(0xFB, 0xF8, 0xF1));
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+
+    const qreal h = size.height();
+    const qreal plate = h * 0.72;
+    const QRectF plateRect(h * 0.14, (h - plate) / 2, plate, plate);
+    PaintLogoMark(p, plateRect);
 
     // Name and line beneath it.
     const qreal textLeft = plateRect.right() + h * 0.14;

@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QActionGroup>
 #include <QApplication>
 #include <QScreen>
@@ -12,6 +13,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QWidget>
@@ -19,7 +21,9 @@
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisFileCommands.h"
 #include "analysis/AnalysisPage.h"
+#include "printing/NutrientChart.h"
 #include "printing/Report.h"
+#include "printing/ReportCommands.h"
 #include "shell/AboutBox.h"
 #include "analysis/ProfilePage.h"
 #include "core/LineFile.h"
@@ -123,8 +127,14 @@ void MainWindow::BuildMenus()
     mnuPrint = AddMenu(mnuFile, "mnuPrint", "&Print");
     mnuList = AddItem(mnuPrint, "mnuList", "Food &List");
     mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
+    mnuPrintPreview = AddItem(mnuFile, "mnuPrintPreview", "Print Pre&view...");
+    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as &PDF...");
+    mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Export as &CSV...");
     mnuFile->addSeparator();
     mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
+    mnuOpen->setShortcut(QKeySequence::Open);
+    mnuSave->setShortcut(QKeySequence::Save);
+    mnuPrintAnalysis->setShortcut(QKeySequence::Print);
 
     mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
     mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
@@ -180,6 +190,9 @@ void MainWindow::BuildMenus()
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
     guarded(mnuList, &MainWindow::mnuList_Click);
     guarded(mnuPrintAnalysis, &MainWindow::mnuPrintAnalysis_Click);
+    guarded(mnuPrintPreview, &MainWindow::mnuPrintPreview_Click);
+    guarded(mnuExportPdf, &MainWindow::mnuExportPdf_Click);
+    guarded(mnuExportCsv, &MainWindow::mnuExportCsv_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
     guarded(mnuAddCustomItem, &MainWindow::mnuAddCustomItem_Click);
     guarded(mnuSaveAsDish, &MainWindow::mnuSaveAsDish_Click);
@@ -218,13 +231,23 @@ void MainWindow::BuildCentre()
                             [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
                             [this] { return ViewByUnits(); }});
     analysisPage = new AnalysisPage(session_, tabMain);
+    chartNutrients = new NutrientChart(analysisPage);
+    analysisPage->AddChart(chartNutrients);
+    reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
+                                                QString::fromStdString(session_.programFolder));
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
-    tabMain->addTab(foodListPage, QStringLiteral("&Food List"));
+    tabMain->addTab(foodListPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 3); });
+    connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 4); });
+    // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
+    auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(helpKey, &QShortcut::activated, this,
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 2 + std::clamp(tabMain->currentIndex(), 0, 2)); });
 
     gridMain = new QTableWidget(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
@@ -244,7 +267,10 @@ void MainWindow::BuildCentre()
     GridHooks gridHooks;
     gridHooks.populateGridHeader = [this] { PopulateGridHeader(); };
     gridHooks.viewByUnits = [this] { return ViewByUnits(); };
-    gridHooks.setDailyIntake = [this](int i, const QString& text) { analysisPage->SetDailyIntake(i, text); };
+    gridHooks.setDailyIntake = [this](int i, const QString& text) {
+        analysisPage->SetDailyIntake(i, text);
+        RefreshChart();
+    };
     gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
     listFile = new AnalysisFileCommands(session_, seams_, *this, *profilePage, *analysisPage, *foodListPage, *listGrid,
@@ -371,6 +397,8 @@ void MainWindow::UpdateListMenus()
     SetMenuEnabled(mnuPrint, allowed.print);
     mnuList->setEnabled(allowed.print);
     mnuPrintAnalysis->setEnabled(allowed.print);
+    for (QAction* report : {mnuPrintPreview, mnuExportPdf, mnuExportCsv})
+        report->setEnabled(allowed.print);
     mnuSaveAsDish->setEnabled(allowed.saveAsDish);
 }
 
@@ -385,6 +413,7 @@ void MainWindow::OnProfileValidated(bool valid)
         analysisPage->UpdateSummary();
         RefreshGrid();
     }
+    RefreshChart();
 }
 
 void MainWindow::ShowHelpTopic(const char* file, int command, std::optional<int> context)
@@ -410,18 +439,31 @@ void MainWindow::mnuRememberColumnWidth_Click()
     session_.settings.rememberColumnWidths = mnuRememberColumnWidth->isChecked();
 }
 
-void MainWindow::mnuList_Click()
+ReportSource MainWindow::CurrentReportSource() const
 {
-    const std::string date = QDate::currentDate().toString(Qt::TextDate).toStdString();
-    seams_.printer.Print(QStringLiteral("Platewell - Food List"),
-                         QString::fromLatin1(FoodListReportHtml(session_, ViewByUnits(), date)));
+    return {session_.profile, session_.dailyValues, session_.foodList,
+            QDate::currentDate().toString(Qt::ISODate).toStdString()};
 }
 
-void MainWindow::mnuPrintAnalysis_Click()
+void MainWindow::RefreshChart()
 {
-    const std::string date = QDate::currentDate().toString(Qt::TextDate).toStdString();
-    seams_.printer.Print(QStringLiteral("Platewell - Analysis"),
-                         QString::fromLatin1(AnalysisReportHtml(session_, date)));
+    const DailyValues none{};
+    chartNutrients->SetData(BuildChartData(session_.profile.valid ? session_.dailyValues : none,
+                                           session_.foodList.Totals()));
+}
+
+void MainWindow::mnuList_Click() { reports_->PrintReport(BuildFoodListReport(CurrentReportSource(), ViewByUnits())); }
+
+void MainWindow::mnuPrintAnalysis_Click() { reports_->PrintReport(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuPrintPreview_Click() { reports_->PreviewReport(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuExportPdf_Click() { reports_->ExportPdf(BuildAnalysisReport(CurrentReportSource())); }
+
+void MainWindow::mnuExportCsv_Click()
+{
+    const ReportSource source = CurrentReportSource();
+    reports_->ExportCsv(session_.foodList, session_.profile.inputs.name, source.dateText);
 }
 
 void MainWindow::mnuAbout_Click()

@@ -3,6 +3,7 @@
 // chosen foods, the menus, the resize rule and the one way out, Egress.
 #include <QMainWindow>
 #include <array>
+#include <memory>
 
 #include "shell/Twips.h"
 
@@ -21,6 +22,9 @@ class CopyFavoritesDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodListPage;
+class NutrientChart;
+class ReportCommands;
+struct ReportSource;
 class ProfilePage;
 class SaveDishDialog;
 struct Seams;
@@ -62,6 +66,7 @@ public:
     FoodListPage* foodListPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
     FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
+    NutrientChart* chartNutrients = nullptr;  // on the analysis tab
     AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
     AboutBox* aboutBox = nullptr;  // created on first use
     // The dialogs that add foods to the table, created on first use.
@@ -81,6 +86,9 @@ public:
     QAction* mnuClearList = nullptr;
     QAction* mnuList = nullptr;
     QAction* mnuPrintAnalysis = nullptr;
+    QAction* mnuPrintPreview = nullptr;
+    QAction* mnuExportPdf = nullptr;
+    QAction* mnuExportCsv = nullptr;
     QAction* mnuExit = nullptr;
     QAction* mnuAddCustomItem = nullptr;
     QAction* mnuSaveAsDish = nullptr;
@@ -114,6 +122,13 @@ private:
     void mnuAbout_Click();
     void mnuList_Click();
     void mnuPrintAnalysis_Click();
+    // The analysis report previewed or saved as a PDF; the list as CSV.
+    void mnuPrintPreview_Click();
+    void mnuExportPdf_Click();
+    void mnuExportCsv_Click();
+    ReportSource CurrentReportSource() const;
+    // The chart follows the list's totals and the daily values.
+    void RefreshChart();
     void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
@@ -134,6 +149,7 @@ private:
 
     Session& session_;
     Seams& seams_;
+    std::unique_ptr<ReportCommands> reports_;
     ErrorGuard& guard_;
     bool loading_ = false;
     bool egressDone_ = false;

@@ -115,9 +115,10 @@ void SystemHelpDisplay::ShowHelp(const QString& helpFile, int command, std::opti
 {
     if (!window_)
         window_ = std::make_unique<HelpWindow>();
+    const bool loaded = window_->LoadFile(helpFile);
     if (command == kHelpHelpOnHelp) {
-        window_->ShowHelpOnHelp();
-    } else if (!window_->LoadFile(helpFile)) {
+        window_->ShowHelpOnHelp();  // built in when the file cannot be read
+    } else if (!loaded) {
         prompts_.Message(QStringLiteral("The help file could not be opened:\r\n") + helpFile, QStringLiteral("Help"),
                          MsgIcon::Exclamation);
         return;

@@ -59,11 +59,19 @@ public:
     virtual bool OpenWebPage(const QString& url) = 0;
 };
 
-// Prints a report; false when nothing was printed (cancelled, no printer).
+struct ReportDocument;
+
+// The system's printers: whether there is one, the print dialog and the
+// print preview, each drawing the report with the one renderer.
 class Printer {
 public:
     virtual ~Printer() = default;
-    virtual bool Print(const QString& title, const QString& html) = 0;
+    virtual bool HasPrinter() const = 0;
+    // The print dialog with the default printer chosen; false when nothing
+    // was printed (cancelled, or the printer failed).
+    virtual bool Print(const ReportDocument& report) = 0;
+    // The report in a preview window, from which it can be printed.
+    virtual void Preview(const ReportDocument& report) = 0;
 };
 
 class Clock {

@@ -16,13 +16,14 @@
 #include "shell/Logo.h"
 #include "shell/Seams.h"
 #include "shell/Session.h"
+#include "shell/StartupTexts.h"
 
 namespace pw {
 
 namespace {
-const char* const kFilesCorrupt = "Files are corrupt. Please reinstall program";
-const char* const kDatabaseCorrupted = "Database is corrupted.  Please re-install program.";
-const char* const kErrorTitle = "Error";
+const char* const kFilesCorrupt = texts::kFilesCorrupt;
+const char* const kDatabaseCorrupted = texts::kDatabaseCorrupted;
+const char* const kErrorTitle = texts::kStartupErrorTitle;
 }  // namespace
 
 SplashWindow::SplashWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidget* parent)

@@ -84,6 +84,19 @@ void TipWindow::ShowNextTip()
 void TipWindow::closeEvent(QCloseEvent* event)
 {
     QDialog::closeEvent(event);
+    Finish();
+}
+
+void TipWindow::reject()
+{
+    // Escape hides the window without closing it: the main window still
+    // comes next.
+    QDialog::reject();
+    Finish();
+}
+
+void TipWindow::Finish()
+{
     if (!finished_) {
         finished_ = true;
         emit finishedShowing();

@@ -35,8 +35,11 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void reject() override;
 
 private:
+    // The window is done with: the main window comes next, once.
+    void Finish();
     Session& session_;
     std::vector<std::string> tips_;
     bool finished_ = false;

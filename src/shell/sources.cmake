@@ -6,6 +6,7 @@ list(APPEND MODEL_SOURCES
 list(APPEND VIEW_SOURCES
   src/shell/AboutBox.cpp
   src/shell/AppRunner.cpp
+  src/shell/CommandLine.cpp
   src/shell/ErrorGuard.cpp
   src/shell/HelpWindow.cpp
   src/shell/Logo.cpp
@@ -17,3 +18,5 @@ list(APPEND VIEW_SOURCES
   src/shell/TipWindow.cpp
   src/shell/Twips.cpp
 )
+list(APPEND MODEL_SOURCES src/shell/ProgramFolder.cpp)
+list(APPEND VIEW_SOURCES src/shell/DesktopIntegration.cpp)

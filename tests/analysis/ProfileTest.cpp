@@ -32,28 +32,29 @@ TEST(ValidateProfile, AgeWeightAndHeightLimitsInBothUnitSystems)
         bool valid;
         bool underAge;
         std::int16_t age;
+        const char* guidance;  // Y year, W weight, H height still wanted
     };
     const Case cases[] = {
-        {"13 years old is old enough", Inputs("88", E, "64", "130"), 2001, true, false, 13},
-        {"12 years old is refused", Inputs("89", E, "64", "130"), 2001, false, true, 12},
-        {"two-digit years are 19xx", Inputs("05", E, "64", "130"), 2026, true, false, 121},
-        {"a trailing point still makes two characters", Inputs("5.", E, "64", "130"), 2026, true, false, 121},
-        {"one digit keeps the earlier age", Inputs("5", E, "64", "130"), 2026, false, false, kEarlierAge},
-        {"no year keeps the earlier age", Inputs("", E, "64", "130"), 2026, false, false, kEarlierAge},
-        {"three characters are no year", Inputs("198", E, "64", "130"), 2026, false, false, kEarlierAge},
-        {"50 pounds pass", Inputs("62", E, "64", "50"), 2026, true, false, 64},
-        {"49.9 pounds fail", Inputs("62", E, "64", "49.9"), 2026, false, false, 64},
-        {"36 inches pass", Inputs("62", E, "36", "130"), 2026, true, false, 64},
-        {"35.99 inches fail", Inputs("62", E, "35.99", "130"), 2026, false, false, 64},
-        {"22.7 kg is 50.008 pounds", Inputs("62", M, "170", "22.7"), 2026, true, false, 64},
-        {"22.6 kg is 49.79 pounds", Inputs("62", M, "170", "22.6"), 2026, false, false, 64},
-        {"91.44 cm is 36 inches", Inputs("62", M, "91.44", "60"), 2026, true, false, 64},
-        {"91.4 cm is under 36 inches", Inputs("62", M, "91.4", "60"), 2026, false, false, 64},
-        {"no measurement reads metric: 30 is kilograms", Inputs("62", kNoOption, "170", "30"), 2026, true, false, 64},
+        {"13 years old is old enough", Inputs("88", E, "64", "130"), 2001, true, false, 13, ""},
+        {"12 years old is refused", Inputs("89", E, "64", "130"), 2001, false, true, 12, "Y"},
+        {"two-digit years are 19xx", Inputs("05", E, "64", "130"), 2026, true, false, 121, ""},
+        {"a trailing point still makes two characters", Inputs("5.", E, "64", "130"), 2026, true, false, 121, ""},
+        {"one digit keeps the earlier age", Inputs("5", E, "64", "130"), 2026, false, false, kEarlierAge, "Y"},
+        {"no year keeps the earlier age", Inputs("", E, "64", "130"), 2026, false, false, kEarlierAge, "Y"},
+        {"three characters are no year", Inputs("198", E, "64", "130"), 2026, false, false, kEarlierAge, "Y"},
+        {"50 pounds pass", Inputs("62", E, "64", "50"), 2026, true, false, 64, ""},
+        {"49.9 pounds fail", Inputs("62", E, "64", "49.9"), 2026, false, false, 64, "W"},
+        {"36 inches pass", Inputs("62", E, "36", "130"), 2026, true, false, 64, ""},
+        {"35.99 inches fail", Inputs("62", E, "35.99", "130"), 2026, false, false, 64, "H"},
+        {"22.7 kg is 50.008 pounds", Inputs("62", M, "170", "22.7"), 2026, true, false, 64, ""},
+        {"22.6 kg is 49.79 pounds", Inputs("62", M, "170", "22.6"), 2026, false, false, 64, "W"},
+        {"91.44 cm is 36 inches", Inputs("62", M, "91.44", "60"), 2026, true, false, 64, ""},
+        {"91.4 cm is under 36 inches", Inputs("62", M, "91.4", "60"), 2026, false, false, 64, "H"},
+        {"no measurement reads metric: 30 is kilograms", Inputs("62", kNoOption, "170", "30"), 2026, true, false, 64, ""},
         {"no measurement reads metric: 60 is centimetres", Inputs("62", kNoOption, "60", "130"), 2026, false, false,
-         64},
-        {"text that is no number is 0", Inputs("62", E, "tall", "130"), 2026, false, false, 64},
-        {"an under-age year and a short height", Inputs("95", E, "20", "130"), 2000, false, true, 5},
+         64, "H"},
+        {"text that is no number is 0", Inputs("62", E, "tall", "130"), 2026, false, false, 64, "H"},
+        {"an under-age year and a short height", Inputs("95", E, "20", "130"), 2000, false, true, 5, "YH"},
     };
     for (const Case& c : cases) {
         Profile profile;
@@ -64,6 +65,13 @@ TEST(ValidateProfile, AgeWeightAndHeightLimitsInBothUnitSystems)
         EXPECT_EQ(profile.age, c.age) << c.what;
         EXPECT_EQ(profile.valid, c.valid) << c.what;
         EXPECT_EQ(profile.inputs, c.in) << c.what;
+        std::string wanted;
+        for (const std::string& line : ProfileGuidance(profile))
+            wanted += line.starts_with("Year of birth: two digits") ? 'Y'
+                      : line == "Weight: at least 50 pounds (22.7 kg)" ? 'W'
+                      : line == "Height: at least 36 inches (91.44 cm)" ? 'H'
+                                                                         : '?';
+        EXPECT_EQ(wanted, c.guidance) << c.what;
     }
 }
 

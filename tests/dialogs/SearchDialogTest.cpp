@@ -133,6 +133,15 @@ private slots:
         QCOMPARE(page.frmSearch, &d);
         p.VerifyReady();
         QVERIFY(p.Messages().empty());
+
+        // A double click on a result accepts it.
+        p.Search(QStringLiteral("cheddar"));
+        QTableWidget* grid = d.gridSearch;
+        const QPoint cell = grid->visualRect(grid->model()->index(0, 2)).center();
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell);
+        QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, cell);
+        QVERIFY(!d.isVisible());
+        QCOMPARE(page.comTier2->currentText(), QStringLiteral("Cheddar"));
     }
 
     void NewSearchAndCancelResetTheDialog()

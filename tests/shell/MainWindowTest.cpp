@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -15,6 +16,11 @@
 #include <QScreen>
 #include <QTest>
 #include <QTextBrowser>
+#include <QApplication>
+#include <QMenuBar>
+#include <QStandardPaths>
+#include <iterator>
+#include <sstream>
 #include <csignal>
 #include <filesystem>
 #include <random>
@@ -26,6 +32,7 @@
 #include "fooddb/DataFile.h"
 #include "foodlist/FoodListPage.h"
 #include "shell/AboutBox.h"
+#include "shell/DesktopIntegration.h"
 #include "shell/HelpTopics.h"
 #include "shell/HelpWindow.h"
 #include "shell/Settings.h"
@@ -51,6 +58,11 @@ Settings Written(const ProgramHarness& program)
     ReadSettingsText(program.folder.Read("pw.ini"), s);
     return s;
 }
+
+// A valid profile, and a day's list on the sample table with that profile.
+const std::string kBob =
+    "NAME:Bob\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:70\r\nWEIGHT:160\r\nSEX: 1 \r\nLIFESTYLE: 0 \r\n";
+const std::string kBobsDay = kBob + "ITEM: 5 \t2\tDairy and Eggs\tCheese\tCheddar\t1 oz\r\n";
 
 // A message as one text, to compare all it shows at once.
 QString Shown(const RecordedMessage& m)
@@ -433,7 +445,9 @@ private slots:
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("QT_QPA_PLATFORM", "offscreen");
         process.setProcessEnvironment(env);
-        process.start(QString::fromStdString(exe), {});
+        // Started as a file manager starts it on a saved list.
+        folder.Write("day.pwl", kBobsDay);
+        process.start(QString::fromStdString(exe), {QString::fromStdString(folder.File("day.pwl"))});
         QVERIFY(process.waitForStarted(10000));
         // The splash hands over after two seconds; give the main window time
         // to load before asking the program to end.
@@ -448,6 +462,40 @@ private slots:
         const auto lines = SplitLines(folder.Read("pw.ini"));
         QCOMPARE(lines.size(), size_t(25));
         QCOMPARE(QString::fromStdString(lines[3]), QStringLiteral("FIRST RUN:False"));
+        QCOMPARE(folder.Read("default.pwp").substr(0, 10), std::string("NAME:Bob\r\n"));  // the list's profile
+    }
+
+    void DocumentsGivenToTheProgramOpenAsTheirCommandsOpenThem()
+    {
+        ProgramHarness program;
+        QVERIFY(Started(program));
+        MainWindow& w = *program.main;
+        auto path = [&](const char* name) { return QString::fromStdString(program.folder.File(name)); };
+        auto* name = w.findChild<QLineEdit*>("txtName");
+
+        // A profile loads as Load Profile loads it: the list's tabs open.
+        program.folder.Write("Bob.PWP", kBob);
+        OpenDocument(w, path("Bob.PWP"));
+        QVERIFY(name->text() == "Bob" && w.tabMain->isTabEnabled(1) && w.windowTitle() == "Platewell");
+        // A list opens as File > Open opens it: its profile, its foods, its
+        // name in the caption, saved.
+        program.folder.Write("day.pwl", "NAME:Ann\r\n" + kBobsDay.substr(10));
+        OpenDocument(w, path("day.pwl"));
+        QVERIFY(name->text() == "Ann" && program.session.foodList.Count() == 1 && program.session.foodList.listSaved);
+        QCOMPARE(w.windowTitle(), "Platewell - " + path("day.pwl"));
+        QVERIFY(program.fakes.prompts.messages.empty());
+
+        // An unsaved list is offered for saving first; a file that is not a
+        // list is reported as File > Open reports it.
+        program.session.foodList.listSaved = false;
+        program.folder.Write("notes.txt", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
+        OpenDocument(w, path("notes.txt"));
+        const auto& shown = program.fakes.prompts.messages;
+        QCOMPARE(shown.size(), size_t(2));
+        QCOMPARE(Shown(shown[0]), Shown({"Do you want to save your foodlist?", "Open Analysis", MsgIcon::Question,
+                                         MsgButtons::YesNo}));
+        QCOMPARE(Shown(shown[1]), Shown({path("notes.txt") + "\r\nis not a valid Platewell\r\n.pwl file.", "Error",
+                                         MsgIcon::Critical, MsgButtons::Ok}));
     }
 
     void TipsFollowOnFromRunToRun()
@@ -490,7 +538,7 @@ private slots:
         QCOMPARE(box->text(), QStringLiteral("&Show Tips at Startup"));
         box->click();
         QVERIFY(!program.session.settings.showTips);
-        program.tip->close();  // the close box opens the main window too
+        QTest::keyClick(program.tip.get(), Qt::Key_Escape);  // as the close box, opens the main window
         QVERIFY(program.main);
         QVERIFY(!program.main->findChild<QAction*>("mnuShowTip")->isChecked());
         program.main->close();
@@ -545,6 +593,34 @@ private slots:
             QVERIFY2(std::find(contexts.begin(), contexts.end(), wanted) != contexts.end(),
                      std::to_string(wanted).c_str());
         QCOMPARE(std::set<int>(contexts.begin(), contexts.end()).size(), contexts.size());  // no topic twice
+
+        // Every link and every index entry leads to an anchor of the file,
+        // every anchor is named once, and every picture was drawn by the
+        // build beside the program.
+        const HelpBook book = ReadHelpBook(file);
+        std::set<std::string> anchors;
+        std::size_t words = 0;
+        for (const HelpPage& page : book.pages) {
+            QVERIFY2(!page.name.empty() && !page.title.empty(), page.html.substr(0, 60).c_str());
+            for (const std::string& anchor : page.anchors)
+                QVERIFY2(anchors.insert(anchor).second, anchor.c_str());
+            for (std::size_t at = 0; (at = page.html.find("<img src=\"", at)) != std::string::npos;) {
+                at += 10;
+                const std::string picture = page.html.substr(at, page.html.find('"', at) - at);
+                const std::string drawn = std::filesystem::path(PLATEWELL_EXE).parent_path() / picture;
+                QVERIFY2(std::filesystem::file_size(drawn) > 1000, drawn.c_str());
+            }
+            std::istringstream text(page.text);
+            words += std::distance(std::istream_iterator<std::string>(text), std::istream_iterator<std::string>());
+        }
+        for (const std::string& link : HelpLinks(file))
+            QVERIFY2(anchors.count(link), link.c_str());
+        const std::vector<HelpIndexEntry> index = HelpIndex(book);
+        QVERIFY(index.size() >= 80);
+        for (const HelpIndexEntry& entry : index)
+            QVERIFY2(anchors.count(entry.anchor) && !entry.keyword.empty(), entry.keyword.c_str());
+        QVERIFY(anchors.count("using-help") && anchors.count("index"));
+        QVERIFY(words >= 4000);
     }
 
     void TopicsAreFoundByTheirAnchors()
@@ -573,7 +649,30 @@ private slots:
             for (int i = 0; i < 300; ++i)
                 bytes += random() % 8 == 0 ? std::string("<a name=\"context-") : std::string(1, char(random() % 256));
             HelpTopics(bytes);
+            const HelpBook book = ReadHelpBook(bytes);
+            HelpIndex(book);
+            SearchHelp(book, bytes.substr(0, 20));
+            HelpLinks(bytes);
         }
+        // Pages, their own anchors, the index's entries and the word search.
+        const HelpBook book = ReadHelpBook(
+            "<html><body><h1><a name=\"a\"></a>First &amp; <b>one</b></h1><p>Apple <a name=\"in-a\"></a>pie</p>"
+            "<h1><a name=\"index\"></a>Index</h1><ul><li><a href=\"#in-a\">pie, apple</a></li>"
+            "<li><a href=\"#b\">Second</a></li></ul>"
+            "<h1><a name=\"b\"></a>Second</h1><p>APPLE tart</p></body>trailing <h1>");
+        QCOMPARE(book.pages.size(), size_t(3));
+        QCOMPARE(book.pages[0].title, std::string("First & one"));
+        QCOMPARE(book.pages[0].anchors, std::vector<std::string>({"a", "in-a"}));
+        QCOMPARE(book.PageOf("in-a"), 0);
+        QCOMPARE(book.PageOf("b"), 2);
+        QCOMPARE(book.PageOf("none"), -1);
+        const std::vector<HelpIndexEntry> entries = HelpIndex(book);
+        QCOMPARE(entries.size(), size_t(2));
+        QVERIFY(entries[0].keyword == "pie, apple" && entries[0].anchor == "in-a");
+        QCOMPARE(SearchHelp(book, "apple"), std::vector<int>({0, 2}));  // any case; the index page not searched
+        QCOMPARE(SearchHelp(book, " Apple   PIE "), std::vector<int>({0}));
+        QCOMPARE(SearchHelp(book, "apple pie tart"), std::vector<int>());
+        QCOMPARE(SearchHelp(book, "  "), std::vector<int>());
     }
 
     void DataVersionTextFollowsTheFirstV()
@@ -584,27 +683,186 @@ private slots:
         QCOMPARE(DataVersionText(""), std::string());
     }
 
-    void HelpWindowShowsTopicsAnIndexAndHowToUseHelp()
+    void HelpWindowWalksPagesBackAndForwardSearchesAndKeepsItsSize()
     {
-        HelpWindow window;
-        QVERIFY(!window.LoadFile(QStringLiteral("/nonexistent/pw.hlp")));
-        QVERIFY(window.LoadFile(QStringLiteral(PLATEWELL_SOURCE_DIR "/data/pw.hlp")));
-        window.resize(400, 200);
-        window.show();
-        window.ShowTopic(0);
-        const int contents = window.browser->verticalScrollBar()->value();
-        window.ShowTopic(10);  // the last topic: far below the contents
-        QVERIFY(window.browser->verticalScrollBar()->value() > contents + 100);
-        window.ShowTopic(8);  // no such topic: the start
-        QCOMPARE(window.browser->verticalScrollBar()->value(), 0);
-        QVERIFY(window.browser->toPlainText().contains("Platewell Help"));
+        QStandardPaths::setTestModeEnabled(true);
+        const auto title = [](const HelpWindow& w) {
+            return w.browser->document()->toPlainText().section('\n', 0, 0).trimmed();
+        };
+        {
+            HelpWindow window;
+            QVERIFY(!window.LoadFile(QStringLiteral("/nonexistent/pw.hlp")));
+            window.ShowHelpOnHelp();  // built in while there is no file
+            QCOMPARE(title(window), QStringLiteral("How to use Help"));
+            QVERIFY(window.LoadFile(QStringLiteral(PLATEWELL_SOURCE_DIR "/data/pw.hlp")));
+            window.show();
+            QVERIFY(!window.btnBack->isEnabled() && !window.btnForward->isEnabled());
+            window.ShowTopic(0);
+            QCOMPARE(title(window), QStringLiteral("Platewell Help"));
+            window.ShowTopic(4);
+            QCOMPARE(title(window), QStringLiteral("The Analysis tab"));
+            window.ShowTopic(8);  // no such topic: the first page
+            QCOMPARE(title(window), QStringLiteral("Platewell Help"));
+            // A link of the page leads to the page that holds its anchor.
+            emit window.browser->anchorClicked(QUrl(QStringLiteral("#quantities")));
+            QCOMPARE(title(window), QStringLiteral("Entering quantities"));
+            window.btnBack->click();
+            window.btnBack->click();
+            QCOMPARE(title(window), QStringLiteral("The Analysis tab"));
+            QVERIFY(window.btnForward->isEnabled());
+            window.btnForward->click();
+            window.btnForward->click();
+            QCOMPARE(title(window), QStringLiteral("Entering quantities"));
+            QVERIFY(!window.btnForward->isEnabled());
 
-        window.ShowIndex();
-        const QString index = window.browser->toHtml();
-        QVERIFY(index.contains("Quick Tutorial"));
-        QVERIFY(index.contains("#context-10"));
-        window.ShowHelpOnHelp();
-        QVERIFY(window.browser->toPlainText().contains("How to use Help"));
+            window.ShowIndex();
+            QCOMPARE(title(window), QStringLiteral("Index"));
+            window.ShowHelpOnHelp();
+            QCOMPARE(title(window), QStringLiteral("How to use Help"));
+
+            // The search lists the pages holding every word, each a link.
+            QTest::keyClicks(window.txtHelpSearch, QStringLiteral("Dash FRACTION"));
+            QTest::keyClick(window.txtHelpSearch, Qt::Key_Return);
+            const QString results = window.browser->toPlainText();
+            QVERIFY(results.contains("Entering quantities"));
+            QVERIFY(!results.contains("Index"));
+            QVERIFY(results.count('\n') < 12);  // a few pages, not every one
+            emit window.browser->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
+            QCOMPARE(title(window), QStringLiteral("Entering quantities"));
+            QCOMPARE(window.browser->textCursor().selectedText().toLower(), QStringLiteral("dash"));
+            window.btnBack->click();
+            QVERIFY(window.browser->toPlainText().contains("Entering quantities"));  // the results again
+            window.Search(QStringLiteral("zebra\u4e00"));
+            QVERIFY(window.browser->toPlainText().contains("No topic holds"));
+
+            window.resize(640, 420);
+            window.btnClose->click();
+        }
+        HelpWindow again;
+        QCOMPARE(again.size(), QSize(640, 420));
+    }
+
+    void HelpButtonsKeysAndMnemonicsOfTheMainWindow()
+    {
+        ProgramHarness program;
+        WriteProgramFolder(program.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        program.folder.Write("default.pwp", "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:130\r\n");
+        QVERIFY(program.Start());
+        MainWindow& w = *program.main;
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        auto& calls = program.fakes.help.calls;
+        w.findChild<QPushButton*>("btnTab3Help")->click();
+        QCOMPARE(calls.size(), size_t(1));
+        QVERIFY(calls[0].command == kHelpContext && calls[0].context == 4);
+        QVERIFY(calls[0].file.endsWith("pw.hlp", Qt::CaseInsensitive));
+        // F1 opens the topic of the tab in front.
+        for (int tab : {0, 1, 2}) {
+            w.tabMain->setCurrentIndex(tab);
+            QTest::keyClick(&w, Qt::Key_F1);
+            QVERIFY(calls.back().command == kHelpContext && calls.back().context == 2 + tab);
+        }
+        QCOMPARE(calls.size(), size_t(4));
+        // The tabs' mnemonics differ from each other and from the menus'.
+        QSet<QChar> keys;
+        for (QAction* menu : w.menuBar()->actions())
+            keys.insert(menu->text().at(menu->text().indexOf('&') + 1).toLower());
+        for (int tab = 0; tab < 3; ++tab) {
+            const QString caption = w.tabMain->tabText(tab);
+            QVERIFY2(caption.contains('&') && !keys.contains(caption.at(caption.indexOf('&') + 1).toLower()),
+                     qPrintable(caption));
+            keys.insert(caption.at(caption.indexOf('&') + 1).toLower());
+        }
+        QCOMPARE(w.mnuOpen->shortcut(), QKeySequence(QKeySequence::Open));
+        QCOMPARE(w.mnuSave->shortcut(), QKeySequence(QKeySequence::Save));
+        QCOMPARE(w.mnuPrintAnalysis->shortcut(), QKeySequence(QKeySequence::Print));
+        QTest::keyClick(&w, Qt::Key_A, Qt::AltModifier);
+        QCOMPARE(w.tabMain->currentIndex(), 2);
+    }
+
+    void KeyboardAloneKeepsTheFoodList()
+    {
+        ProgramHarness program;
+        QVERIFY(Started(program));
+        MainWindow& w = *program.main;
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        FoodListPage& chooser = *w.foodListPage;
+        const auto focus = [] { return QApplication::focusWidget(); };
+        const auto key = [&](Qt::Key k, Qt::KeyboardModifiers m = Qt::NoModifier) { QTest::keyClick(focus(), k, m); };
+        const auto type = [&](const char* text) { QTest::keyClicks(focus(), QString::fromLatin1(text)); };
+        // Tab (or Shift+Tab) until the widget has the focus.
+        const auto tabTo = [&](QWidget* wanted, Qt::KeyboardModifiers m = Qt::NoModifier) {
+            for (int i = 0; i < 40 && focus() != wanted; ++i)
+                key(Qt::Key_Tab, m);
+            return focus() == wanted;
+        };
+        // Down in a list until it shows the text.
+        const auto pick = [&](QComboBox* box, const char* text) {
+            for (int i = 0; i < 20 && box->currentText() != QString::fromLatin1(text); ++i)
+                key(Qt::Key_Down);
+            return box->currentText() == QString::fromLatin1(text);
+        };
+
+        // The profile, box by box through the labels' mnemonics.
+        for (auto [mnemonic, text] : {std::pair{Qt::Key_N, "Ann"}, {Qt::Key_Y, "62"}, {Qt::Key_E, "64"},
+                                      {Qt::Key_G, "130"}}) {
+            key(mnemonic, Qt::AltModifier);
+            type(text);
+        }
+        QVERIFY(program.session.profile.valid);
+        QVERIFY(w.findChild<QLabel*>("labProfileGuide")->isHidden());
+
+        // Two foods through the four tiers; the first with "2-1/2" and Enter.
+        key(Qt::Key_L, Qt::AltModifier);
+        QCOMPARE(w.tabMain->currentIndex(), 1);
+        for (const char* quantity : {"2-1/2", "1/3"}) {
+            QVERIFY(tabTo(chooser.btnNewItem));
+            key(Qt::Key_Space);
+            QCOMPARE(focus(), chooser.comTier0);
+            QVERIFY(pick(chooser.comTier0, "Fruits"));
+            key(Qt::Key_Tab);
+            QVERIFY(pick(chooser.comTier1, "Apples"));
+            key(Qt::Key_Tab);
+            QVERIFY(pick(chooser.comTier2, "Raw, with skin"));
+            key(Qt::Key_Tab);  // the quantity waits for a measure
+            QCOMPARE(focus(), chooser.comTier3);
+            QVERIFY(pick(chooser.comTier3, "1 medium"));
+            key(Qt::Key_Tab, Qt::ShiftModifier);
+            QCOMPARE(focus(), chooser.comQuantity);
+            key(Qt::Key_A, Qt::ControlModifier);
+            type(quantity);
+            key(Qt::Key_Return);
+        }
+        const FoodList& list = program.session.foodList;
+        QCOMPARE(list.Count(), 2);
+        QCOMPARE(list.Entry(1).quantityText, std::string("2-1/2"));
+        QCOMPARE(list.Entry(1).amounts[2], 62);  // 2.5 x 25 g carbohydrates, half to even
+        QCOMPARE(list.Entry(2).quantityText, std::string("1/3"));
+        QCOMPARE(focus(), chooser.btnNewItem);
+
+        // The grid is one Tab stop that selects nothing until a row is chosen.
+        QVERIFY(tabTo(w.gridMain));
+        QVERIFY(w.gridMain->selectedItems().isEmpty());
+        QVERIFY(!chooser.btnDeleteItem->isEnabled());
+        key(Qt::Key_Down);
+        key(Qt::Key_Down);
+        QCOMPARE(list.selectedRow, std::int16_t(2));
+        QCOMPARE(chooser.btnAcceptItem->text(), QStringLiteral("Change"));
+        program.fakes.prompts.answers = {MsgResult::Yes};
+        key(Qt::Key_Delete);
+        QCOMPARE(list.Count(), 1);
+        QCOMPARE(program.fakes.prompts.messages.at(0).title, QStringLiteral("Confirm Delete from List"));
+        key(Qt::Key_Tab);
+        QVERIFY(focus() != w.gridMain);
+
+        // Ctrl+S saves the list through the file dialog.
+        const std::string saved = program.folder.File("day.pwl");
+        program.fakes.files.answers = {QString::fromStdString(saved)};
+        key(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(program.fakes.files.saveRequests.size(), size_t(1));
+        QVERIFY(program.folder.Read("day.pwl").find("\t2-1/2\tFruits\tApples\tRaw, with skin\t1 medium") !=
+                std::string::npos);
     }
 };
 

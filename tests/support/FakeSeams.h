@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "printing/Report.h"
 #include "shell/Seams.h"
 
 namespace pw::test {
@@ -102,19 +103,22 @@ public:
     int year;
 };
 
-struct PrintedReport {
-    QString title;
-    QString html;
-};
-
+// Records the reports printed and previewed; a machine with or without a
+// printer, and a print dialog that prints or is cancelled.
 class RecordingPrinter : public Printer {
 public:
-    bool Print(const QString& title, const QString& html) override
+    bool HasPrinter() const override { return hasPrinter; }
+    bool Print(const ReportDocument& report) override
     {
-        reports.push_back({title, html});
-        return true;
+        printed.push_back(report);
+        return printDialogAccepts;
     }
-    std::vector<PrintedReport> reports;
+    void Preview(const ReportDocument& report) override { previewed.push_back(report); }
+
+    bool hasPrinter = true;
+    bool printDialogAccepts = true;
+    std::vector<ReportDocument> printed;
+    std::vector<ReportDocument> previewed;
 };
 
 // All the fakes together, with the Seams that refer to them.

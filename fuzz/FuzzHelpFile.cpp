@@ -1,0 +1,24 @@
+// Any bytes as pw.hlp: its topics are found in file order, each with a
+// context number of at most six digits and a trimmed title holding no tag.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "shell/HelpTopics.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view file(reinterpret_cast<const char*>(data), size);
+    for (const pw::HelpTopic& topic : pw::HelpTopics(file)) {
+        if (topic.context < 0 || topic.context > 999999)
+            std::abort();
+        if (topic.title.find('<') != std::string_view::npos)
+            std::abort();
+        if (!topic.title.empty() && (topic.title.front() == ' ' || topic.title.back() == ' '))
+            std::abort();
+        if (pw::HelpAnchor(topic.context).rfind("context-", 0) != 0)
+            std::abort();
+    }
+    return 0;
+}

@@ -1,0 +1,39 @@
+#pragma once
+// The program's command line: an optional list file to open in the window,
+// or a report made from a list file without any window:
+//   platewell [LIST.pwl]
+//   platewell --export-pdf OUT.pdf LIST.pwl
+//   platewell --export-csv OUT.csv LIST.pwl
+//   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --help | --version
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <string>
+
+namespace pw {
+
+enum class CommandAction { Window, ExportPdf, ExportCsv, ExportText, Help, Version, Error };
+
+struct CommandLineRequest {
+    CommandAction action = CommandAction::Window;
+    QString output;    // the file an export writes
+    QString listFile;  // the list to open or export; empty for none
+    QString text;      // Help: the help text; Version: the version line; Error: what is wrong
+};
+
+// arguments as the program got them, the program's own name first.
+CommandLineRequest ParseCommandLine(const QStringList& arguments);
+
+// Runs a request that needs no window (every action but Window) against the
+// data file of programFolder, writing what the window would show on
+// standard error; returns the exit status. Exports need a QGuiApplication.
+int RunCommandLineRequest(const CommandLineRequest& request, const std::string& programFolder);
+
+// The hook at the start of the program: parses the command line and, when
+// it asks for no window, runs it on the offscreen platform (unless the
+// caller chose one) and returns the exit status. For the window, returns
+// nothing and leaves the parsed request (with the list to open) in request.
+std::optional<int> RunWithoutWindow(int& argc, char** argv, CommandLineRequest& request);
+
+}  // namespace pw

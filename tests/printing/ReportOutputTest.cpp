@@ -1,0 +1,423 @@
+// The reports as a person gets them: rendered pages and PDFs, the chart on
+// the analysis tab, the File menu's report commands on a running program,
+// and the command-line exports of the built executable.
+#include <QAction>
+#include <QDate>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+#include <filesystem>
+#include <set>
+
+#include "Fixtures.h"
+#include "WindowTestSupport.h"
+#include "analysis/AnalysisFile.h"
+#include "core/LineFile.h"
+#include "printing/NutrientChart.h"
+#include "printing/ReportCommands.h"
+#include "printing/ReportRenderer.h"
+#include "shell/CommandLine.h"
+
+using namespace pw;
+using namespace pw::test;
+
+namespace {
+
+const std::string kAnn =
+    "NAME:Ann Example\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
+// Milk 2-1/2 cups, a food no longer in the table, a slice of bread.
+const std::string kDay = kAnn +
+                         "ITEM: 6 \t2-1/2\tDairy and Eggs\tMilk\tWhole\t1 cup\r\n"
+                         "ITEM: 3 \t1\tSnacks\tChips\tPotato\t1 oz\r\n"
+                         "ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n";
+
+// Descriptions as long as the delivered database's longest.
+const char* const kLongDescriptions[] = {
+    "Cereals ready-to-eat, wheat and malted barley flakes, fortified with vitamins and minerals",
+    "Chicken, broilers or fryers, breast, meat and skin, cooked, roasted, without added salt",
+    "Soup, cream of mushroom, canned, condensed, commercial, reduced sodium, prepared with equal volume water",
+    "Yogurt, fruit variety, nonfat, sweetened with low-calorie sweetener, calcium fortified"};
+
+Profile KnownProfile()
+{
+    Profile p;
+    ValidateProfile({"Ann Example", "62", "64", "150", kMeasurementEnglish, kSexFemale, kLifestyleSedentary}, 2026, p);
+    return p;
+}
+
+FoodList LongList(int rows)
+{
+    FoodList list;
+    for (int r = 0; r < rows; ++r) {
+        FoodListEntry e{0, std::to_string(r % 3 + 1) + "-1/2", "Breakfast Cereals and Grains",
+                        "Subgroup of reduced calories " + std::to_string(r),
+                        kLongDescriptions[r % 4], "1 cup, chopped or diced", {}, {}};
+        e.amounts = {100 + r, 12, 30, 4, 15, 3, 250, 1190, 0};
+        e.percents = {5, 19, 10, 6, 5, 12, 30, 48};
+        list.Append(e);
+    }
+    return list;
+}
+
+QString PdfText(const QString& path)
+{
+    QProcess process;
+    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), path, QStringLiteral("-")});
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return QStringLiteral("pdftotext failed");
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+std::set<QString> Words(const QString& text)
+{
+    const QStringList words = text.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
+    return {words.begin(), words.end()};
+}
+
+// The executable copied into a program folder of the sample table, run with
+// no display and no platform chosen.
+struct Exports {
+    TempFolder folder;
+    std::string data = DataFileBytes(SampleTable());
+    Exports()
+    {
+        std::filesystem::copy_file(PLATEWELL_EXE, folder.File("platewell"));
+        WriteProgramFolder(folder.Path(), data);
+        folder.Write("day.pwl", kDay);
+        folder.Write("binary.pwl", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
+    }
+    QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
+    // The exit status, standard output and standard error.
+    std::tuple<int, QString, QString> Run(const QStringList& arguments) const
+    {
+        QProcess process;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            env.remove(QString::fromLatin1(name));
+        process.setProcessEnvironment(env);
+        process.start(File("platewell"), arguments);
+        if (!process.waitForFinished(60000))
+            return {-1, {}, QStringLiteral("did not finish")};
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    }
+};
+
+}  // namespace
+
+class ReportOutputTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void PdfHoldsTheProfileTheDailyValuesAndEveryFoodUnbroken()
+    {
+        const Profile profile = KnownProfile();
+        const DailyValues dv = ComputeDailyValues(150, kSexFemale, kLifestyleSedentary);
+        const FoodList list = LongList(30);
+        const ReportSource source{profile, dv, list, "2026-11-23"};
+        TempFolder folder;
+        const std::pair<const char*, QPageSize::PageSizeId> papers[] = {{"A4", QPageSize::A4},
+                                                                        {"Letter", QPageSize::Letter}};
+        for (const auto& [paper, size] : papers) {
+            for (const ReportDocument& report : {BuildAnalysisReport(source), BuildFoodListReport(source, true)}) {
+                const QString path = QString::fromStdString(folder.File(std::string(paper) + ".pdf"));
+                QVERIFY(WriteReportPdf(report, path, QPageSize(size)));
+                const QString text = PdfText(path);
+                const std::set<QString> words = Words(text);
+                const bool analysis = report.title == texts::kAnalysisReportTitle;
+                QStringList expected = {"Ann", "Example", "2026-11-23", "Page", "1", "of"};
+                if (analysis)
+                    expected << "Age: 64 years" << "BMI: 26 (Overweight)" << "Weight: 150 pounds" << "2100" << "63 g"
+                             << "304 g" << "70 g" << "315 mg" << "26 g" << "840 mg" << "2494 mg";
+                for (const QString& phrase : expected)
+                    QVERIFY2(text.contains(phrase), qPrintable(QStringLiteral("%1 %2: %3").arg(paper, phrase, text)));
+                // Every word of every food stands whole somewhere in the text.
+                for (int row = 1; row <= list.Count(); ++row) {
+                    const FoodListEntry& e = list.Entry(row);
+                    for (const std::string* part : {&e.description, &e.subgroup, &e.measure, &e.quantityText})
+                        for (const QString& word : Words(QString::fromLatin1(*part)))
+                            QVERIFY2(words.count(word), qPrintable(QStringLiteral("%1: '%2' broken").arg(paper, word)));
+                }
+                for (const char* caption : {"Calories", "Protein", "Cholesterol", "Calcium", "Sodium", "Total"})
+                    QVERIFY2(words.count(caption), caption);
+            }
+        }
+    }
+
+    void AFiveHundredRowListRepeatsItsHeaderOnEveryPage()
+    {
+        const Profile profile = KnownProfile();
+        const DailyValues dv = ComputeDailyValues(150, kSexFemale, kLifestyleSedentary);
+        const FoodList list = LongList(kFoodListCapacity);
+        const ReportSource source{profile, dv, list, "2026-11-23"};
+        for (const ReportDocument& report : {BuildAnalysisReport(source), BuildFoodListReport(source, false)}) {
+            const int dpi = 72;
+            const std::vector<QImage> images = RenderReportImages(report, QPageSize(QPageSize::A4), dpi);
+            const QRect paint = ReportPageLayout(report).paintRectPixels(dpi);
+            const ReportLayout layout(report, paint.size(), dpi);
+            QCOMPARE(int(images.size()), layout.PageCount());
+            QVERIFY(layout.PageCount() > 10);
+            // The food rows in order, each on one page only, the header first
+            // on every page the table reaches, the totals last.
+            std::vector<int> rows;
+            for (int p = 0; p < layout.PageCount(); ++p) {
+                const ReportLayout::PageSummary page = layout.Summary(p);
+                QCOMPARE(page.footer, QStringLiteral("Page %1 of %2").arg(p + 1).arg(layout.PageCount()));
+                QCOMPARE(page.header, QString::fromLatin1(report.title) + QStringLiteral("|Ann Example  \u2022  2026-11-23"));
+                QVERIFY(!page.tableRows.empty());
+                const std::vector<int>& foods = page.tableRows.back();
+                QCOMPARE(foods.front(), -1);
+                QVERIFY(std::count(foods.begin(), foods.end(), -1) == 1);
+                rows.insert(rows.end(), foods.begin() + 1, foods.end());
+                // Something is drawn in the page's header band.
+                const QImage band = images[size_t(p)].copy(paint.left(), paint.top(), paint.width(), 12);
+                bool dark = false;
+                for (int y = 0; y < band.height() && !dark; ++y)
+                    for (int x = 0; x < band.width() && !dark; ++x)
+                        dark = qGray(band.pixel(x, y)) < 100;
+                QVERIFY2(dark, qPrintable(QString::number(p)));
+            }
+            QCOMPARE(int(rows.size()), kFoodListCapacity + 1);
+            for (int r = 0; r < kFoodListCapacity; ++r)
+                QCOMPARE(rows[size_t(r)], r);
+            QCOMPARE(rows.back(), -2);
+            QCOMPARE(layout.Summary(0).chart, report.title == texts::kAnalysisReportTitle);
+        }
+    }
+
+    void TheChartsBarsFollowTheirPercentages()
+    {
+        const ChartData data{{{"Calories", 50}, {"Protein", 100}, {"Fat", 150}, {"Sodium", 400}}};
+        const struct {
+            std::vector<std::int32_t> percents;
+            int scale;
+        } scales[] = {{{20, 90}, 150}, {{151}, 200}, {{180, 20}, 200}, {{250}, 250}, {{3000}, 300}, {{}, 150}};
+        for (const auto& s : scales) {
+            ChartData d;
+            for (std::int32_t p : s.percents)
+                d.bars.push_back({"x", p});
+            QCOMPARE(ChartScalePercent(d), s.scale);
+        }
+
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPixelSize(12);
+        const QRectF rect(10, 10, 600, 200);
+        const ChartGeometry g = LayoutNutrientChart(data, rect, font);
+        QCOMPARE(g.scalePercent, 300);
+        QCOMPARE(g.columns, 1);
+        const qreal shown[] = {50, 100, 150, 300};
+        const char* labels[] = {"50%", "100%", "150%", "400%"};
+        for (int i = 0; i < 4; ++i) {
+            const ChartBarGeometry& b = g.bars[size_t(i)];
+            QCOMPARE(b.x100, b.plot.left() + b.plot.width() / 3);
+            QVERIFY(qAbs(b.bar.width() - b.plot.width() * shown[i] / 300) < 0.01);
+            QCOMPARE(b.bar.left(), b.plot.left());
+            QCOMPARE(b.valueText, QString::fromLatin1(labels[i]));
+            QCOMPARE(b.over, i >= 2);
+            QCOMPARE(b.beyondScale, i == 3);
+            QVERIFY(b.valueRect.left() > b.bar.right() && b.valueRect.right() <= rect.right() + 0.01);
+            QVERIFY(b.nameRect.right() <= b.plot.left());
+        }
+        // Too low for one column of eight: two of four, side by side.
+        const ChartData eight{std::vector<ChartBar>(8, {"Cholesterol", 120})};
+        const ChartGeometry low = LayoutNutrientChart(eight, QRectF(0, 0, 600, 90), font);
+        QCOMPARE(low.columns, 2);
+        QCOMPARE(low.bars[4].bar.top(), low.bars[0].bar.top());
+        QVERIFY(low.bars[3].valueRect.right() <= low.bars[4].nameRect.left());
+        QVERIFY(low.bars[7].bar.bottom() <= 90);
+
+        // Beyond 100 % the bar is hatched: dark strokes stand in it that the
+        // part within 100 % does not have.
+        NutrientChart chart;
+        chart.resize(640, 260);
+        chart.SetData(data);
+        const QImage image = chart.grab().toImage();
+        const qreal margin = ChartMargin(chart.fontMetrics().height());
+        const ChartGeometry shownGeometry =
+            LayoutNutrientChart(data, QRectF(chart.rect()).adjusted(margin, 2, -margin, -2), chart.font());
+        auto darkShare = [&](const QRectF& area) {
+            int dark = 0, all = 0;
+            const QRect r = area.toAlignedRect().adjusted(3, 3, -3, -3);
+            for (int y = r.top(); y <= r.bottom(); ++y)
+                for (int x = r.left(); x <= r.right(); ++x, ++all)
+                    dark += qGray(image.pixel(x, y)) < 60;
+            return all ? double(dark) / all : 0.0;
+        };
+        const ChartBarGeometry& fat = shownGeometry.bars[2];
+        QCOMPARE(darkShare(QRectF(QPointF(fat.bar.left(), fat.bar.top()), QPointF(fat.x100 - 4, fat.bar.bottom()))), 0.0);
+        QVERIFY(darkShare(QRectF(QPointF(fat.x100 + 4, fat.bar.top()), fat.bar.bottomRight())) > 0.1);
+    }
+
+    void TheFileMenuPrintsPreviewsAndExportsTheReports()
+    {
+        ProgramHarness h;
+        WriteProgramFolder(h.folder.Path(), DataFileBytes(SampleTable()), QuietSettings());
+        h.folder.Write("day.pwl", kDay);
+        QVERIFY(h.Start());
+        MainWindow& w = *h.main;
+        const auto menus = {w.mnuPrintPreview, w.mnuExportPdf, w.mnuExportCsv, w.mnuList, w.mnuPrintAnalysis};
+        for (QAction* a : menus)
+            QVERIFY(!a->isEnabled());
+        h.fakes.files.answers.push_back(QString::fromStdString(h.folder.File("day.pwl")));
+        w.mnuOpen->trigger();
+        QCOMPARE(h.session.foodList.Count(), 2);
+        for (QAction* a : menus)
+            QVERIFY(a->isEnabled());
+        // The chart shows the day at once.
+        QCOMPARE(w.chartNutrients->Data().bars.at(0), (ChartBar{"Calories", 21}));
+        QCOMPARE(w.chartNutrients->Data().bars.at(6), (ChartBar{"Calcium", 87}));
+        h.fakes.prompts.messages.clear();
+
+        RecordingPrinter& printer = h.fakes.printer;
+        w.mnuPrintAnalysis->trigger();
+        w.mnuList->trigger();
+        w.mnuPrintPreview->trigger();
+        QCOMPARE(printer.printed.size(), size_t(2));
+        QCOMPARE(printer.printed[0].title, std::string(texts::kAnalysisReportTitle));
+        QVERIFY(printer.printed[1].landscape && printer.printed[1].personName == "Ann Example");
+        QCOMPARE(printer.previewed.size(), size_t(1));
+        QVERIFY(h.fakes.prompts.messages.empty() && h.fakes.files.saveRequests.empty());
+
+        // Without a printer the user is asked first; No saves nothing, Yes
+        // saves a PDF under the name proposed.
+        printer.hasPrinter = false;
+        const QString date = QDate::currentDate().toString(Qt::ISODate);
+        const QString pdf = QString::fromStdString(h.folder.File("report.pdf"));
+        h.fakes.prompts.answers = {MsgResult::No, MsgResult::Yes};
+        h.fakes.files.answers.push_back(pdf);
+        w.mnuPrintAnalysis->trigger();
+        QVERIFY(h.fakes.files.saveRequests.empty());
+        w.mnuPrintAnalysis->trigger();
+        QCOMPARE(h.fakes.prompts.messages.size(), size_t(2));
+        QCOMPARE(h.fakes.prompts.messages[0].text, QString::fromLatin1(texts::kNoPrinter));
+        QVERIFY(h.fakes.prompts.messages[0].buttons == MsgButtons::YesNo && h.fakes.prompts.messages[0].title == "Print");
+        QCOMPARE(h.fakes.files.saveRequests.at(0).proposedName, "Ann Example " + date + ".pdf");
+        QCOMPARE(h.fakes.files.saveRequests.at(0).filter, QStringLiteral("PDF documents (*.pdf)|*.pdf"));
+        QVERIFY(h.folder.Read("report.pdf").rfind("%PDF", 0) == 0);
+        QCOMPARE(printer.printed.size(), size_t(2));
+
+        // CSV as the list holds it; a file that cannot be written is told.
+        h.fakes.files.answers = {QString::fromStdString(h.folder.File("day.csv")),
+                                 QString::fromStdString(h.folder.File("missing/day.pdf"))};
+        w.mnuExportCsv->trigger();
+        QCOMPARE(h.fakes.files.saveRequests.back().proposedName, "Ann Example " + date + ".csv");
+        QCOMPARE(h.folder.Read("day.csv"), FoodListCsv(h.session.foodList));
+        w.mnuExportPdf->trigger();
+        QCOMPARE(h.fakes.prompts.messages.back().text,
+                 "The report could not be written to\r\n" + QString::fromStdString(h.folder.File("missing/day.pdf")));
+
+        w.mnuClearList->trigger();
+        for (QAction* a : menus)
+            QVERIFY(!a->isEnabled());
+        QCOMPARE(w.chartNutrients->Data().bars.at(0), (ChartBar{"Calories", 0}));
+    }
+
+    void TheCommandLineNamesTheListAndTheExport()
+    {
+        const struct {
+            QStringList arguments;
+            CommandAction action;
+            QString output;
+            QString list;
+        } cases[] = {
+            {{}, CommandAction::Window, {}, {}},
+            {{"day.pwl"}, CommandAction::Window, {}, "day.pwl"},
+            {{"-platform", "offscreen", "-reverse", "day.pwl"}, CommandAction::Window, {}, "day.pwl"},
+            {{"--export-pdf", "o.pdf", "day.pwl"}, CommandAction::ExportPdf, "o.pdf", "day.pwl"},
+            {{"day.pwl", "--export-csv=o.csv"}, CommandAction::ExportCsv, "o.csv", "day.pwl"},
+            {{"--export-text", "day.pwl"}, CommandAction::ExportText, {}, "day.pwl"},
+            {{"--export-text"}, CommandAction::Error, {}, {}},
+            {{"a.pwl", "b.pwl"}, CommandAction::Error, {}, {}},
+            {{"--export-pdf"}, CommandAction::Error, {}, {}},
+            {{"-h"}, CommandAction::Help, {}, {}},
+        };
+        for (const auto& c : cases) {
+            const CommandLineRequest request = ParseCommandLine(QStringList{"platewell"} + c.arguments);
+            QVERIFY2(request.action == c.action, qPrintable(c.arguments.join(' ')));
+            QCOMPARE(request.output, c.output);
+            QCOMPARE(request.listFile, c.list);
+        }
+    }
+
+    void TheCommandLineExportsWithoutADisplay()
+    {
+        const Exports run;
+        const int age = QDate::currentDate().year() - 1962;
+        const QString lost =
+            QStringLiteral("\"Snacks/Chips/Potato/1 oz\"\nis no longer in the database.  It will not be imported.\n");
+
+        auto [status, out, err] = run.Run({"--export-csv", run.File("day.csv"), run.File("day.pwl")});
+        QCOMPARE(status, 0);
+        QCOMPARE(err, lost);
+        const std::vector<std::string> csv = SplitLines(run.folder.Read("day.csv"));
+        QCOMPARE(csv.size(), size_t(4));
+        QCOMPARE(csv[0], std::string("\xEF\xBB\xBFQty,Measure,Group,Subgroup,Description,Calories,Protein (g),Carbs (g),"
+                                     "Fats (g),Cholesterol (mg),Fiber (g),Calcium (mg),Sodium (mg)"));
+        QCOMPARE(csv[1], std::string("2-1/2,1 cup,Dairy and Eggs,Milk,Whole,370,20,28,20,60,0,690,245"));
+        QCOMPARE(csv[2], std::string("1,1 slice,Bakery and Grains,Bread,White,69,2,13,1,0,1,38,170"));
+        QCOMPARE(csv[3], std::string("Total,,,,,439,22,41,21,60,1,728,415"));
+
+        std::tie(status, out, err) = run.Run({"--export-text", run.File("day.pwl")});
+        QCOMPARE(status, 0);
+        QCOMPARE(err, lost);
+        const QStringList lines = out.split('\n');
+        for (const QString& line : {QStringLiteral("Name: Ann Example"), QStringLiteral("Age: %1 years (born 1962)").arg(age),
+                                    QStringLiteral("BMI: 26 (Overweight)"), QStringLiteral("Height: 64 inches")})
+            QVERIFY2(lines.contains(line), qPrintable(line + "\n" + out));
+        const QStringList nutrients = {"Calories 2100 439 21%",   "Protein 63 g 22 g 35%",    "Carbohydrates 304 g 41 g 13%",
+                                       "Fat 70 g 21 g 30%",       "Cholesterol 315 mg 60 mg 19%", "Fiber 26 g 1 g 4%",
+                                       "Calcium 840 mg 728 mg 87%", "Sodium 2494 mg 415 mg 17%"};
+        QStringList shown;
+        for (const QString& line : lines)
+            shown << line.simplified();
+        for (const QString& nutrient : nutrients)
+            QVERIFY2(shown.contains(nutrient), qPrintable(nutrient + "\n" + out));
+        QVERIFY(shown.contains("2-1/2 1 cup Dairy and Eggs / Milk / Whole 370 20 28 20 60 0 690 245"));
+
+        std::tie(status, out, err) = run.Run({"--export-pdf", run.File("day.pdf"), run.File("day.pwl")});
+        QCOMPARE(status, 0);
+        const QString pdf = PdfText(run.File("day.pdf")).simplified();
+        for (const char* text : {"Ann Example", "2494 mg", "Page 1 of 1", "Dairy and Eggs / Milk / Whole"})
+            QVERIFY2(pdf.contains(text), text);
+
+        // A file that is not a list, a missing one, an output that cannot be
+        // written, a wrong command line: a message and a failure status.
+        const struct {
+            QStringList arguments;
+            QString error;
+        } failures[] = {
+            {{"--export-csv", run.File("bad.csv"), run.File("binary.pwl")},
+             run.File("binary.pwl") + "\nis not a valid Platewell\n.pwl file.\n"},
+            {{"--export-text", run.File("none.pwl")}, run.File("none.pwl") + "\nis not a valid Platewell\n.pwl file.\n"},
+            {{"--export-pdf", run.File("no/day.pdf"), run.File("day.pwl")},
+             lost + "The report could not be written to\n" + run.File("no/day.pdf") + "\n"},
+            {{"--export-csv", run.File("no/day.csv"), run.File("day.pwl")},
+             lost + "The food list could not be written to\n" + run.File("no/day.csv") + "\n"},
+            {{"--export-csv", run.File("x.csv")}, "The export needs a list file (.pwl).\nTry 'platewell --help' for more information.\n"},
+            {{"--export-pdf", "a.pdf", "--export-csv", "b.csv", run.File("day.pwl")},
+             "Give one export option at a time.\nTry 'platewell --help' for more information.\n"},
+        };
+        for (const auto& f : failures) {
+            std::tie(status, out, err) = run.Run(f.arguments);
+            QVERIFY2(status != 0, qPrintable(f.arguments.join(' ')));
+            QCOMPARE(err, f.error);
+        }
+        QVERIFY(!std::filesystem::exists(run.folder.File("bad.csv")));
+
+        std::tie(status, out, err) = run.Run({"--version"});
+        QCOMPARE(status, 0);
+        QCOMPARE(out, QStringLiteral("Platewell 2.04W\n"));
+        std::tie(status, out, err) = run.Run({"--help"});
+        QCOMPARE(status, 0);
+        for (const char* option : {"--export-pdf <OUT.pdf>", "--export-csv <OUT.csv>", "--export-text", "--version"})
+            QVERIFY2(out.contains(option), qPrintable(out));
+
+        // The program folder is only read.
+        QCOMPARE(run.folder.Read("data.dat"), run.data);
+        for (const char* name : {"pw.ini", "default.pwp"})
+            QVERIFY(!std::filesystem::exists(run.folder.File(name)));
+    }
+};
+
+QTEST_MAIN(ReportOutputTest)
+#include "ReportOutputTest.moc"

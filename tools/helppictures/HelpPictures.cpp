@@ -1,0 +1,270 @@
+// Draws the pictures of the manual from the program itself: the main window's
+// three tabs, the dialogs, the tip window, the about box and the help
+// window, built offscreen on the delivered food database and saved as PNG
+// files, so the manual always shows the windows as they are.
+//
+//   platewell_helppictures DATA_FOLDER OUT_FOLDER
+//
+// DATA_FOLDER holds data.dat, tips.txt and pw.hlp; OUT_FOLDER receives the
+// pictures (the "help" folder beside pw.hlp in the program folder).
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <cstdio>
+#include <deque>
+#include <string>
+
+#include "core/Text.h"
+#include "dialogs/AddFoodDialog.h"
+#include "dialogs/CopyFavoritesDialog.h"
+#include "FakeSeams.h"
+#include "dialogs/SaveDishDialog.h"
+#include "dialogs/SearchDialog.h"
+#include "foodlist/FoodListPage.h"
+#include "shell/AboutBox.h"
+#include "shell/ErrorGuard.h"
+#include "shell/HelpWindow.h"
+#include "shell/MainWindow.h"
+#include "shell/ProgramWindows.h"
+#include "shell/Seams.h"
+#include "shell/Session.h"
+#include "shell/TipWindow.h"
+
+using namespace pw;
+
+namespace {
+
+bool Copy(const QString& from, const QString& to)
+{
+    QFile::remove(to);
+    return QFile::copy(from, to);
+}
+
+bool Write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+class Pictures {
+public:
+    explicit Pictures(const QString& out) : out_(out) {}
+
+    bool Save(QWidget* window, const char* name)
+    {
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+        const QString path = QDir(out_).filePath(QString::fromLatin1(name));
+        if (!window->grab().save(path, "PNG")) {
+            std::fprintf(stderr, "platewell_helppictures: cannot write %s\n", path.toLocal8Bit().constData());
+            ok_ = false;
+        }
+        return ok_;
+    }
+    bool Ok() const { return ok_; }
+
+private:
+    QString out_;
+    bool ok_ = true;
+};
+
+// The first food of the group and subgroup whose description and measure
+// start with the given texts, or -1.
+int FindFood(const FoodTable& table, const std::string& group, const std::string& subgroup,
+             const std::string& description, const std::string& measure = {})
+{
+    for (int i = 0; i < table.Count(); ++i)
+        if (table.Group(i) == group && table.Subgroup(i) == subgroup &&
+            table.Description(i).rfind(description, 0) == 0 && table.Measure(i).rfind(measure, 0) == 0)
+            return i;
+    return -1;
+}
+
+// Chooses a food in the chooser as the user would, with a quantity.
+bool Choose(FoodListPage& chooser, int food, const char* quantity)
+{
+    if (food < 0)
+        return false;
+    chooser.btnNewItem->click();
+    chooser.RecreateTiers(food);
+    chooser.comQuantity->setEditText(QString::fromLatin1(quantity));
+    chooser.ProcessData();
+    return chooser.btnAcceptItem->isEnabled();
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);  // the help window's size stays out of the user's settings
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: platewell_helppictures DATA_FOLDER OUT_FOLDER\n");
+        return 2;
+    }
+    const QDir data(QString::fromLocal8Bit(argv[1]));
+    const QString out = QString::fromLocal8Bit(argv[2]);
+    QTemporaryDir folder;
+    if (!folder.isValid() || !QDir().mkpath(out)) {
+        std::fprintf(stderr, "platewell_helppictures: no folder to work in\n");
+        return 1;
+    }
+    const QDir program(folder.path());
+    for (const char* file : {"data.dat", "tips.txt", "pw.hlp"}) {
+        if (!Copy(data.filePath(QString::fromLatin1(file)), program.filePath(QString::fromLatin1(file)))) {
+            std::fprintf(stderr, "platewell_helppictures: cannot copy %s\n", file);
+            return 1;
+        }
+    }
+    Write(program.filePath(QStringLiteral("pw.ini")), "FIRST RUN:False\r\nSHOW TIPS:False\r\n");
+    Write(program.filePath(QStringLiteral("default.pwp")),
+          "NAME:Ann Miller\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:138\r\nSEX: 0 \r\nLIFESTYLE: 2 \r\n");
+
+    // Seams that never wait for a person: questions are answered No, file
+    // dialogs cancelled, help and printing recorded and dropped.
+    pw::test::FakeSeams fakes;
+    Seams& seams = fakes.seams;
+    Session session;
+    session.programFolder = QFile::encodeName(folder.path()).toStdString();
+    ErrorGuard guard(session, fakes.prompts);
+    ProgramWindows windows(session, seams, guard);
+    if (!windows.LoadSplash())
+        return 1;
+    windows.splash->StartMain();
+    MainWindow* main = windows.main.get();
+    if (!main || guard.Failed())
+        return 1;
+    main->resize(760, 560);  // fits the help window's page
+    Pictures pictures(out);
+
+    main->tabMain->setCurrentIndex(0);
+    pictures.Save(main, "profile.png");
+
+    // A day's list: breakfast, lunch and a snack.
+    FoodListPage& chooser = *main->foodListPage;
+    const FoodTable& table = session.foodTable;
+    const struct {
+        const char* group;
+        const char* subgroup;
+        const char* description;
+        const char* measure;
+        const char* quantity;
+    } day[] = {
+        {"Bakery and Grains", "Bread", "Whole-wheat", "1 slice", " 2"},
+        {"Dairy and Eggs", "Milk", "Reduced fat, fluid, 2%", "1 cup", " 1"},
+        {"Fruits", "Bananas", "Raw", "1 medium", " 1"},
+        {"Dairy and Eggs", "Egg", "Whole, cooked, scrambled", "1 large", " 2"},
+        {"Poultry", "Chicken", "Broilers or fryers, breast, meat only, cooked, roasted", "1/2 breast", " 1"},
+        {"Vegetables", "Broccoli", "Cooked", "1 spear", "2-1/2"},
+        {"Fruits", "Apples", "Raw, with skin", "1 medium", " 1"},
+    };
+    main->tabMain->setCurrentIndex(1);
+    for (const auto& food : day)
+        if (Choose(chooser, FindFood(table, food.group, food.subgroup, food.description, food.measure), food.quantity))
+            chooser.btnAcceptItem->click();
+    // A food chosen and waiting for "Add to List".
+    Choose(chooser, FindFood(table, "Nuts, Seeds, Legumes, Beans", "Peanut butter", "Smooth style, with salt", "2 tbsp"),
+           " 1");
+    pictures.Save(main, "foodlist.png");
+
+    main->tabMain->setCurrentIndex(2);
+    pictures.Save(main, "analysis.png");
+    main->tabMain->setCurrentIndex(1);
+
+    // The search window with results and one of them picked.
+    chooser.btnNewItem->click();
+    chooser.btnSearch->click();
+    if (SearchDialog* search = chooser.frmSearch) {
+        search->txtSearch->setText(QStringLiteral("oat"));
+        search->btnSearch->setEnabled(true);
+        search->btnSearch->click();
+        if (search->gridSearch->rowCount() > 1)
+            search->gridSearch->setCurrentCell(1, 0);
+        pictures.Save(search, "search.png");
+        search->btnCancel->click();
+    }
+
+    main->mnuAddCustomItem->trigger();
+    if (AddFoodDialog* add = main->frmAdd) {
+        // Filled in as a person would fill it from a package's label.
+        const int snacks = add->comPrimary->findText(QStringLiteral("Snacks"));
+        add->comPrimary->setCurrentIndex(snacks);
+        emit add->comPrimary->activated(snacks);
+        add->comSecondary->setEditText(QStringLiteral("Granola bars"));
+        emit add->comSecondary->lineEdit()->textEdited(add->comSecondary->currentText());
+        add->txtDescription->setText(QStringLiteral("Oat and honey, store brand"));
+        add->txtMeasure->setText(QStringLiteral("1 bar (40 g)"));
+        const char* const label[] = {"4", "29", "6", "0", "2", "10", "8"};
+        for (std::size_t i = 0; i < add->txtNutrVal.size() && i < std::size(label); ++i)
+            add->txtNutrVal[i]->setText(QString::fromLatin1(label[i]));
+        add->optDV[5]->click();
+        add->optDV[6]->click();
+        pictures.Save(add, "addcustom.png");
+        add->reject();
+    }
+
+    main->mnuSaveAsDish->trigger();
+    if (SaveDishDialog* dish = main->frmSaveList) {
+        dish->comSubgroup->setEditText(QStringLiteral("Breakfast"));
+        dish->txtDescription->setText(QStringLiteral("Usual breakfast"));
+        dish->txtMeasure->setText(QStringLiteral("1 breakfast"));
+        pictures.Save(dish, "savedish.png");
+        dish->reject();
+    }
+
+    Choose(chooser, FindFood(table, "Fruits", "Bananas", "Raw", "1 medium"), " 1");
+    main->mnuCopyToFavorites->trigger();
+    if (CopyFavoritesDialog* copy = main->frmCopy) {
+        copy->comSubgroup->setEditText(QStringLiteral("Snacks"));
+        copy->txtDescription->setText(QStringLiteral("Banana"));
+        pictures.Save(copy, "copyfavorites.png");
+        copy->reject();
+    }
+
+    TipWindow tip(session, main);
+    tip.Form_Load();
+    tip.show();
+    pictures.Save(&tip, "tip.png");
+    tip.hide();
+
+    main->mnuAbout->trigger();
+    if (main->aboutBox) {
+        pictures.Save(main->aboutBox, "about.png");
+        main->aboutBox->hide();
+    }
+
+    HelpWindow helpWindow;
+    helpWindow.resize(760, 520);
+    if (helpWindow.LoadFile(program.filePath(QStringLiteral("pw.hlp")))) {
+        helpWindow.show();
+        helpWindow.ShowTopic(0);
+        pictures.Save(&helpWindow, "helpwindow.png");
+        helpWindow.hide();
+    }
+
+    // A profile not yet complete, with the line that says what is missing.
+    main->tabMain->setCurrentIndex(0);
+    if (auto* newProfile = main->findChild<QPushButton*>(QStringLiteral("btnNewProfile"))) {
+        newProfile->click();
+        main->findChild<QLineEdit*>(QStringLiteral("txtHeight"))->setText(QStringLiteral("64"));
+        main->findChild<QLineEdit*>(QStringLiteral("txtName"))->setText(QStringLiteral("Ann Miller"));
+        main->findChild<QLineEdit*>(QStringLiteral("txtYOB"))->setText(QStringLiteral("6"));
+        pictures.Save(main, "profile-incomplete.png");
+    }
+
+    // No exit questions and no files written: the folder goes with the run.
+    session.ended = true;
+    return pictures.Ok() && !guard.Failed() ? 0 : 1;
+}
