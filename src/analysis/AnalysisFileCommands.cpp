@@ -5,6 +5,7 @@
 #include <QTabWidget>
 #include <QWidget>
 
+#include "core/views/Widgets.h"
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisPage.h"
 #include "analysis/AnalysisTexts.h"
@@ -20,8 +21,6 @@ namespace pw {
 
 namespace {
 
-std::string ToNativePath(const QString& path) { return QFile::encodeName(path).toStdString(); }
-QString FromNativePath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 
 // The analysis captions that describe the person rather than the list.
 constexpr const char* kPersonCaptions[] = {"labAgeResults", "labBMI", "labBMIInterpretation"};

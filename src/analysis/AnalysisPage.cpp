@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/views/Widgets.h"
 #include "analysis/DailyValues.h"
 #include "core/RunTimeError.h"
 
@@ -20,13 +21,6 @@ constexpr const char* kNutrientCaptions[kShownNutrients] = {
     "Calories", "Protein", "Carbohydrates", "Fat", "Cholesterol", "Fiber", "Calcium", "Sodium"};
 // The nutrients stand in two groups of four side by side.
 constexpr int kNutrientsPerGroup = 4;
-
-QLabel* MakeLabel(QWidget* parent, const QString& objectName, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(objectName);
-    return label;
-}
 
 QLabel* MakeHeader(QWidget* parent, const QString& objectName, const char* caption)
 {

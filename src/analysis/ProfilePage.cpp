@@ -1,5 +1,6 @@
 #include "analysis/ProfilePage.h"
 
+#include "core/views/Widgets.h"
 #include "core/views/StoredTextValidator.h"
 #include "shell/ErrorGuard.h"
 
@@ -25,11 +26,7 @@ namespace {
 
 constexpr int kHelpContextProfile = 2;
 
-QString FromLatin1(const std::string& text) { return QString::fromLatin1(text.data(), qsizetype(text.size())); }
-std::string ToLatin1(const QString& text) { return text.toLatin1().toStdString(); }
 
-std::string ToNativePath(const QString& path) { return QFile::encodeName(path).toStdString(); }
-QString FromNativePath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 
 template <std::size_t N>
 int SelectedOption(const std::array<QRadioButton*, N>& options)
@@ -71,14 +68,6 @@ QLineEdit* MakeBox(QWidget* parent, const char* objectName)
     auto* box = new QLineEdit(parent);
     box->setObjectName(QString::fromLatin1(objectName));
     return box;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* objectName, const char* caption)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(objectName));
-    button->setAutoDefault(false);
-    return button;
 }
 
 QLabel* MakeBuddyLabel(QWidget* parent, const char* caption, QWidget* buddy)
@@ -220,10 +209,10 @@ void ProfilePage::BuildControls()
     middleRow->addWidget(frameLifestyle);
 
     // Buttons.
-    btnNewProfile = MakeButton(this, "btnNewProfile", "New Profile");
-    btnLoadProfile = MakeButton(this, "btnLoadProfile", "Load Profile");
-    btnSaveProfile = MakeButton(this, "btnSaveProfile", "Save this Profile");
-    btnTab1Help = MakeButton(this, "btnTab1Help", "Help");
+    btnNewProfile = MakeButton(this, "btnNewProfile", "New Profile", nullptr, ButtonDefault::Never);
+    btnLoadProfile = MakeButton(this, "btnLoadProfile", "Load Profile", nullptr, ButtonDefault::Never);
+    btnSaveProfile = MakeButton(this, "btnSaveProfile", "Save this Profile", nullptr, ButtonDefault::Never);
+    btnTab1Help = MakeButton(this, "btnTab1Help", "Help", nullptr, ButtonDefault::Never);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->setSpacing(6);
     for (QPushButton* button : {btnNewProfile, btnLoadProfile, btnSaveProfile, btnTab1Help})

@@ -7,4 +7,5 @@ list(APPEND MODEL_SOURCES
 
 list(APPEND VIEW_SOURCES
   src/core/views/StoredTextValidator.cpp
+  src/core/views/Widgets.cpp
 )

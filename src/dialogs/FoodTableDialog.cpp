@@ -71,24 +71,5 @@ bool FoodTableDialog::ClosedForNoRoom(std::int16_t result)
     return true;
 }
 
-QLabel* MakeDialogLabel(QWidget* parent, const QString& name, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QPushButton* MakeDialogButton(QWidget* parent, const char* name, const char* caption, const char* tip)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    if (tip)
-        button->setToolTip(QString::fromLatin1(tip));
-    button->setAutoDefault(false);
-    return button;
-}
-
-std::string ToLatin1(const QString& text) { return text.toLatin1().toStdString(); }
 
 }  // namespace pw

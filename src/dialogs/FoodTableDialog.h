@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/views/Widgets.h"
 #include "shell/ErrorGuard.h"
 
 class QComboBox;
@@ -64,9 +65,15 @@ private:
     int helpContext_;
 };
 
-QLabel* MakeDialogLabel(QWidget* parent, const QString& name, const char* caption);
-QPushButton* MakeDialogButton(QWidget* parent, const char* name, const char* caption, const char* tip);
-// A box's text as the Latin-1 bytes the model keeps.
-std::string ToLatin1(const QString& text);
+// The dialogs' labels show plain text; their buttons never become the
+// default on focus.
+inline QLabel* MakeDialogLabel(QWidget* parent, const QString& name, const char* caption)
+{
+    return MakeLabel(parent, name, caption, LabelText::Plain);
+}
+inline QPushButton* MakeDialogButton(QWidget* parent, const char* name, const char* caption, const char* tip)
+{
+    return MakeButton(parent, name, caption, tip, ButtonDefault::Never);
+}
 
 }  // namespace pw

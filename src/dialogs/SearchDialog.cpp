@@ -14,6 +14,7 @@
 #include <QTableWidget>
 #include <algorithm>
 
+#include "core/views/Widgets.h"
 #include "dialogs/DialogTexts.h"
 #include "foodlist/FoodListPage.h"
 #include "shell/ErrorGuard.h"
@@ -69,23 +70,6 @@ constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Descr
 
 constexpr int kHelpContextSearch = 5;
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    if (tip)
-        button->setToolTip(QString::fromLatin1(tip));
-    return button;
-}
-
 }  // namespace
 
 SearchDialog::SearchDialog(const Session& session, Seams& seams, FoodListPage& chooser, QWidget* parent)
@@ -125,7 +109,7 @@ void SearchDialog::BuildControls()
     setWindowTitle(QStringLiteral("Search for"));
     setSizeGripEnabled(true);
 
-    labEnterSearchTerm = MakeLabel(this, "labEnterSearchTerm", "Enter Search term:");
+    labEnterSearchTerm = MakeLabel(this, QStringLiteral("labEnterSearchTerm"), "Enter Search term:", LabelText::Plain);
     labEnterSearchTerm->setWordWrap(true);
     txtSearch = new QLineEdit(this);
     txtSearch->setObjectName(QStringLiteral("txtSearch"));
@@ -136,12 +120,12 @@ void SearchDialog::BuildControls()
 
     frameResults = new QGroupBox(QStringLiteral("Search Results"), this);
     frameResults->setObjectName(QStringLiteral("frameResults"));
-    labPrimaryLabel = MakeLabel(frameResults, "labPrimaryLabel", "Primary Group");
-    labPrimary = MakeLabel(frameResults, "labPrimary", "");
-    labSecondaryLabel = MakeLabel(frameResults, "labSecondaryLabel", "Sub-group");
-    labSecondary = MakeLabel(frameResults, "labSecondary", "");
-    labDescriptionLabel = MakeLabel(frameResults, "labDescriptionLabel", "Description");
-    labDescription = MakeLabel(frameResults, "labDescription", "");
+    labPrimaryLabel = MakeLabel(frameResults, QStringLiteral("labPrimaryLabel"), "Primary Group", LabelText::Plain);
+    labPrimary = MakeLabel(frameResults, QStringLiteral("labPrimary"), "", LabelText::Plain);
+    labSecondaryLabel = MakeLabel(frameResults, QStringLiteral("labSecondaryLabel"), "Sub-group", LabelText::Plain);
+    labSecondary = MakeLabel(frameResults, QStringLiteral("labSecondary"), "", LabelText::Plain);
+    labDescriptionLabel = MakeLabel(frameResults, QStringLiteral("labDescriptionLabel"), "Description", LabelText::Plain);
+    labDescription = MakeLabel(frameResults, QStringLiteral("labDescription"), "", LabelText::Plain);
     QFont valueFont = labPrimary->font();
     valueFont.setBold(true);
     for (QLabel* value : {labPrimary, labSecondary, labDescription})

@@ -1,5 +1,6 @@
 #include "foodlist/FoodListPage.h"
 
+#include "core/views/Widgets.h"
 #include "shell/ErrorGuard.h"
 
 #include <QComboBox>
@@ -35,22 +36,6 @@ QComboBox* MakeCombo(QWidget* parent, const char* name, const char* tip, bool ed
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(6);
     return combo;
-}
-
-QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption)
-{
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
-    label->setObjectName(name);
-    return label;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip)
-{
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    if (tip)
-        button->setToolTip(QString::fromLatin1(tip));
-    return button;
 }
 
 constexpr const char* kNutrientCaptions[8] = {"Calories", "Protein", "Carbos.", "Fats",

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "core/views/Widgets.h"
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 #include "printing/ReportRenderer.h"
@@ -52,7 +53,7 @@ bool ReportCommands::ExportCsv(const FoodList& list, const std::string& personNa
     if (!path)
         return false;
     try {
-        WriteFileAtomic(QFile::encodeName(*path).toStdString(), FoodListCsv(list));
+        WriteFileAtomic(ToNativePath(*path), FoodListCsv(list));
     } catch (const RunTimeError&) {
         prompts_.Message(QString::fromLatin1(texts::kListNotWritten) + *path,
                          QString::fromLatin1(texts::kTitleExportCsv), MsgIcon::Exclamation);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/views/Widgets.h"
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 #include "printing/NutrientChart.h"
@@ -465,7 +466,7 @@ bool WriteReportPdf(const ReportDocument& report, const QString& path, const QPa
             return false;
     }
     try {
-        WriteFileAtomic(QFile::encodeName(path).toStdString(), buffer.data().toStdString());
+        WriteFileAtomic(ToNativePath(path), buffer.data().toStdString());
     } catch (const RunTimeError&) {
         return false;
     }

@@ -1,4 +1,5 @@
 #include "shell/CommandLine.h"
+#include "core/views/Widgets.h"
 #include "shell/ProgramFolder.h"
 
 #include <QCommandLineParser>
@@ -39,7 +40,6 @@ void PrintError(QString text)
 void PrintError(const std::string& latin1) { PrintError(QString::fromLatin1(latin1)); }
 void PrintError(const char* latin1) { PrintError(QString::fromLatin1(latin1)); }
 
-std::string NativePath(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
 bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
 {
@@ -166,7 +166,7 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     FoodTable table;
     if (!LoadFoodTable(programFolder, table))
         return kFailed;
-    const AnalysisFileContent content = ReadAnalysisFile(NativePath(request.listFile));
+    const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(request.listFile));
     const OpenedAnalysis opened = OpenAnalysis(content, table, QDate::currentDate().year());
     for (const auto& message : opened.messages)
         PrintError(message.first);
@@ -186,7 +186,7 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
         }
         case CommandAction::ExportCsv:
             try {
-                WriteFileAtomic(NativePath(request.output), FoodListCsv(opened.list));
+                WriteFileAtomic(ToNativePath(request.output), FoodListCsv(opened.list));
             } catch (const RunTimeError&) {
                 PrintError(QString::fromLatin1(texts::kListNotWritten) + request.output);
                 return kFailed;

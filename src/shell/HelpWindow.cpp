@@ -1,5 +1,7 @@
 #include "shell/HelpWindow.h"
 
+#include "core/views/Widgets.h"
+
 #include <QDesktopServices>
 #include <algorithm>
 #include <QDir>
@@ -40,7 +42,6 @@ const char* const kHelpOnHelp =
     "<li><b>Search</b> lists the topics that hold every word you type.</li>"
     "<li><b>Close</b> (or Esc) closes help; Platewell stays as it was.</li></ul>";
 
-QString FromLatin1(const std::string& text) { return QString::fromLatin1(text.data(), qsizetype(text.size())); }
 
 // The help window's size lives in the user's settings folder
 // (~/.config/Platewell/help.ini), not in the program folder's pw.ini.

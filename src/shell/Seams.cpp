@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "core/LineFile.h"
+#include "core/views/Widgets.h"
 #include "core/RunTimeError.h"
 
 namespace pw {
@@ -24,7 +25,7 @@ bool SaveOrTell(Prompts& prompts, const QString& title, const std::function<void
             return true;
         } catch (const SaveError& error) {
             QString text = QStringLiteral("Platewell could not save the file\r\n") +
-                           QFile::decodeName(QByteArray::fromStdString(error.Path())) +
+                           FromNativePath(error.Path()) +
                            QStringLiteral("\r\n\r\nThe system says: ") + QString::fromLocal8Bit(error.Reason()) +
                            QStringLiteral(".");
             if (!offerRetry) {
