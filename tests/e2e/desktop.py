@@ -50,6 +50,31 @@ def wait_until(what, probe, timeout=20.0, step=0.1):
 
 # ---- the window manager -------------------------------------------------------
 
+def display_reachable():
+    return bool(os.environ.get("DISPLAY")) and subprocess.run(
+        ["xprop", "-root", "-len", "0"], capture_output=True, timeout=10).returncode == 0
+
+
+def ensure_display():
+    """Starts an Xvfb of our own when the display given is not reachable
+    (xvfb-run -a started at the same moment by another job may have taken
+    the same number); the server picks a free display itself."""
+    if display_reachable():
+        return None
+    read_end, write_end = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24",
+                               "-nolisten", "tcp"], pass_fds=(write_end,),
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    os.close(write_end)
+    with os.fdopen(read_end) as f:
+        number = f.readline().strip()
+    check(number.isdigit(), "Xvfb did not start")
+    os.environ["DISPLAY"] = ":" + number
+    os.environ.pop("XAUTHORITY", None)
+    wait_until("the X server", display_reachable, timeout=15)
+    return server
+
+
 def window_manager_running():
     return b"window id" in run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], check_rc=False)
 

@@ -21,7 +21,7 @@ import time
 
 sys.dont_write_bytecode = True  # nothing written into the source tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desktop import ProgramFolder, Runner, ensure_window_manager, find_window, run, wait_until  # noqa: E402
+from desktop import ProgramFolder, Runner, ensure_display, ensure_window_manager, find_window, run, wait_until  # noqa: E402
 from failure_paths import PROFILE_AS_TYPED  # noqa: E402
 
 FILES = ("data.dat", "pw.ini", "default.pwp")
@@ -55,6 +55,7 @@ def main():
     parser.add_argument("--data", help="the data.dat to start from (default: the delivered one)")
     args = parser.parse_args()
     rng = random.Random(args.seed)
+    ensure_display()
     wm = ensure_window_manager()
 
     files = {"default.pwp": PROFILE_AS_TYPED}
