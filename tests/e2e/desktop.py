@@ -63,7 +63,7 @@ def ensure_display():
         return None
     read_end, write_end = os.pipe()
     server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24",
-                               "-nolisten", "tcp"], pass_fds=(write_end,),
+                               "-nolisten", "tcp", "-noreset"], pass_fds=(write_end,),
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     os.close(write_end)
     with os.fdopen(read_end) as f:
@@ -83,16 +83,18 @@ def ensure_window_manager():
     """Starts openbox unless a window manager already owns the screen."""
     if window_manager_running():
         return None
-    log = tempfile.TemporaryFile()
-    wm = subprocess.Popen(["openbox"], stdout=log, stderr=log)
-    try:
-        wait_until("openbox", lambda: window_manager_running() or wm.poll() is not None, timeout=30)
-    except Failure:
-        pass
-    if not window_manager_running():
-        log.seek(0)
-        raise Failure("openbox did not start (status %s): %s" % (wm.poll(), log.read().decode(errors="replace")))
-    return wm
+    for _ in range(3):  # a server started without -noreset is unreachable while it resets
+        log = tempfile.TemporaryFile()
+        wm = subprocess.Popen(["openbox"], stdout=log, stderr=log)
+        try:
+            wait_until("openbox", lambda: window_manager_running() or wm.poll() is not None, timeout=30)
+        except Failure:
+            pass
+        if window_manager_running():
+            return wm
+        time.sleep(1)
+    log.seek(0)
+    raise Failure("openbox did not start (status %s): %s" % (wm.poll(), log.read().decode(errors="replace")))
 
 
 # ---- windows ----------------------------------------------------------------

@@ -2,7 +2,7 @@
 """The program's failure paths, run on the built executable under X with a
 window manager and the real message boxes.
 
-    xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- failure_paths.py \
+    xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- failure_paths.py \
         --exe build/platewell --delivered build [--shots DIR] [scenario ...]
 
 Each scenario copies the executable into a temporary program folder, starts

@@ -4,7 +4,7 @@ checks that data.dat, pw.ini and default.pwp are each whole: either the old
 content or the new, never torn. Counts the temporary files a killed save
 leaves and those still there after the next start.
 
-    xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- kill_during_exit.py --exe build/platewell \
+    xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- kill_during_exit.py --exe build/platewell \
         --delivered build [--iterations 200] [--seed 1] [--data old/data.dat]
 
 A data.dat in an earlier format is written anew at every exit, so that its
