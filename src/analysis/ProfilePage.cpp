@@ -24,7 +24,6 @@ namespace pw {
 
 namespace {
 
-constexpr int kHelpContextProfile = 2;
 
 
 
@@ -392,7 +391,7 @@ void ProfilePage::btnNewProfile_Click()
 void ProfilePage::btnTab1Help_Click()
 {
     seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
-                         kHelpContextProfile);
+                         kTopicProfile);
 }
 
 void ProfilePage::btnSaveProfile_Click()

@@ -25,7 +25,6 @@ namespace pw {
 
 namespace {
 
-constexpr int kHelpContextAddFood = 7;
 
 // The dialog's own spelling of the twelfth group, which a food added under
 // it carries as its group name.
@@ -59,7 +58,7 @@ QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int ma
 }  // namespace
 
 AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FoodTableDialog(session, seams, main, kHelpContextAddFood, parent)
+    : FoodTableDialog(session, seams, main, kTopicAddCustomFood, parent)
 {
     BuildControls();
     connect(comPrimary, &QComboBox::activated, this, Guarded([this] { comPrimary_Click(); }));

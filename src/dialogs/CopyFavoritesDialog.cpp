@@ -17,12 +17,11 @@ namespace pw {
 
 namespace {
 
-constexpr int kHelpContextCopy = 9;
 
 }  // namespace
 
 CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FavoritesDialog(session, seams, main, kHelpContextCopy, parent)
+    : FavoritesDialog(session, seams, main, kTopicCopyToFavorites, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));

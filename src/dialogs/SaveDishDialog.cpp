@@ -20,12 +20,11 @@ namespace pw {
 
 namespace {
 
-constexpr int kHelpContextSaveDish = 6;
 
 }  // namespace
 
 SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FavoritesDialog(session, seams, main, kHelpContextSaveDish, parent)
+    : FavoritesDialog(session, seams, main, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));

@@ -68,7 +68,6 @@ constexpr int kLineHeight = 285;
 constexpr int kResultWidths[3] = {1500, 1500, 5000};
 constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Description"};
 
-constexpr int kHelpContextSearch = 5;
 
 }  // namespace
 
@@ -298,7 +297,7 @@ void SearchDialog::reject()
 void SearchDialog::btnHelp_Click()
 {
     seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
-                         kHelpContextSearch);
+                         kTopicSearch);
 }
 
 void SearchDialog::txtSearch_KeyUp() { btnSearch->setEnabled(!txtSearch->text().isEmpty()); }

@@ -283,7 +283,8 @@ void FoodListPage::AskAboutEmptyFavorites()
                                                     QString::fromLatin1(texts::kTitleCategoryEmpty),
                                                     MsgIcon::Question, MsgButtons::YesNo);
     if (answer == MsgResult::Yes)
-        seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, 6);
+        seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
+                             kTopicFavoritesAndDishes);
 }
 
 void FoodListPage::ProcessTier2()

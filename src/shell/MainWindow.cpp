@@ -208,11 +208,11 @@ void MainWindow::BuildMenus()
         connect(action, &QAction::triggered, this,
                 [this, file, command, context] { ShowHelpTopic(file, command, context); });
     };
-    help(mnuQuickTutorial, "pw.hlp", kHelpContext, 1);
-    help(mnuHelpContents, "pw.hlp", kHelpContext, 0);
-    help(mnuHelpIndex, "pw.hlp", kHelpIndex, 1);
+    help(mnuQuickTutorial, "pw.hlp", kHelpContext, kTopicQuickTutorial);
+    help(mnuHelpContents, "pw.hlp", kHelpContext, kTopicContents);
+    help(mnuHelpIndex, "pw.hlp", kHelpIndex, kTopicQuickTutorial);
     help(mnuHelpOnHelp, "pw.hlp", kHelpHelpOnHelp, std::nullopt);
-    help(mnuTechSupport, "pw.hlp", kHelpContext, 10);
+    help(mnuTechSupport, "pw.hlp", kHelpContext, kTopicTechnicalSupport);
 }
 
 void MainWindow::BuildCentre()
@@ -241,13 +241,13 @@ void MainWindow::BuildCentre()
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 3); });
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
     connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 4); });
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
     // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
     auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(helpKey, &QShortcut::activated, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, 2 + std::clamp(tabMain->currentIndex(), 0, 2)); });
+            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2)); });
 
     gridMain = new QTableWidget(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
@@ -350,7 +350,7 @@ void MainWindow::Form_Load()
         session_.tutorialPending = false;
         if (seams_.prompts.Message(QString::fromLatin1(kTutorialQuestion), QString::fromLatin1(kTutorialTitle),
                                    MsgIcon::Question, MsgButtons::YesNo) == MsgResult::Yes)
-            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext, 1);
+            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext, kTopicQuickTutorial);
     }
 }
 

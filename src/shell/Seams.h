@@ -2,6 +2,8 @@
 // Everything a test cannot click through goes through one of these small
 // interfaces; the program uses the real ones (RealSeams.h), tests the fakes.
 #include <QString>
+
+#include "core/HelpContexts.h"
 #include <functional>
 #include <optional>
 #include <string>
@@ -46,10 +48,6 @@ public:
     virtual std::optional<QString> SaveFile(const FileDialogRequest& request) = 0;
 };
 
-// Help commands of the help file interface.
-inline constexpr int kHelpContext = 1;     // show the topic of a context number
-inline constexpr int kHelpHelpOnHelp = 4;  // how to use help
-inline constexpr int kHelpIndex = 15;      // passed through unchanged
 
 class HelpDisplay {
 public:
