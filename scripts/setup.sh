@@ -8,6 +8,9 @@ PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev libgtest-dev libbenchmar
           qt6-svg-dev desktop-file-utils appstream shared-mime-info poppler-utils)
 # clang with its runtime libraries builds the fuzzers (libFuzzer).
 PACKAGES+=(clang libclang-rt-14-dev)
+# The end-to-end tests run the program on an X server with a window manager
+# and read its message boxes over the accessibility bus.
+PACKAGES+=(python3 xvfb xauth openbox xdotool x11-utils imagemagick dbus-daemon libglib2.0-bin at-spi2-core)
 
 install_missing() {
     local missing=()

@@ -1,0 +1,435 @@
+#!/usr/bin/env python3
+"""The program's failure paths, run on the built executable under X with a
+window manager and the real message boxes.
+
+    xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- failure_paths.py \
+        --exe build/platewell --delivered build [--shots DIR] [scenario ...]
+
+Each scenario copies the executable into a temporary program folder, starts
+it, finds its windows, checks that a message box is painted (dark text on a
+light face, its icon's colour) and what it says (its title, texts and buttons
+read over the accessibility bus, as a screen reader reads them), answers it
+with a key, a click on a button or the window manager's close, and checks
+the exit status and the folder's files. Exit status 0 when every chosen
+scenario passes.
+"""
+import argparse
+import os
+import signal
+import sys
+import time
+import traceback
+
+sys.dont_write_bytecode = True  # nothing written into the source tree
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from desktop import (Accessibility, Failure, ProgramFolder, Runner, activate, answer,  # noqa: E402
+                     box_content, check, check_painted, ensure_display, ensure_window_manager,
+                     find_window, keys, run, type_text, unchanged, wait_until,
+                     window_manager_running, windows_of)
+
+PROFILE = b"NAME:Test\r\nYOB:80\r\nMEASUREMENT:0\r\nHEIGHT:70\r\nWEIGHT:160\r\nSEX:0\r\nLIFESTYLE:0\r\n"
+# The same profile as the program does not write it: keys in another order
+# and lower case, so a rewritten file is told from the old one.
+PROFILE_AS_TYPED = b"lifestyle:0\r\nsex:0\r\nweight:160\r\nheight:70\r\nmeasurement:0\r\nyob:80\r\nname:Test\r\n"
+SCREEN = (1280, 1024)
+
+
+def profile_written(content):
+    """default.pwp as the program writes it: the keys in their order, upper case."""
+    keys = [line.split(b":", 1)[0] for line in content.split(b"\r\n") if line]
+    return keys == [b"NAME", b"YOB", b"MEASUREMENT", b"HEIGHT", b"WEIGHT", b"SEX", b"LIFESTYLE"] \
+        and b"WEIGHT:160\r\n" in content
+
+
+def int16_sum(data):
+    total = sum(data)
+    check(-32768 <= total <= 32767, "character sum out of 16-bit range")
+    return total
+
+
+def data_with_record_count(data, count):
+    """A copy of a data file whose header announces count records, with the
+    last record repeated to match. The scramble shifts of the first header
+    positions are learnt from the file's own scrambled last index."""
+    lines = data.split(b"\r\n")
+    version, last_field, sum_field = lines[0], lines[1], lines[2]
+    records = [line for line in lines[3:] if line]
+    old_last = str(len(records) - 1).encode()
+    check(len(last_field) == len(old_last), "header does not hold the record count")
+    shifts = [s - p for s, p in zip(last_field, old_last)]
+    old_sum = bytes(c - s for c, s in zip(sum_field, shifts))
+    check(len(sum_field) <= len(shifts) and int(old_sum) == int16_sum(version + old_last),
+          "could not learn the header's shifts")
+    new_last = str(count - 1).encode()
+    new_sum = str(int16_sum(version + new_last)).encode()
+    check(len(new_last) <= len(shifts) and len(new_sum) <= len(shifts), "shifts too short")
+    scramble = lambda text: bytes(c + s for c, s in zip(text, shifts))  # noqa: E731
+    records += [records[-1]] * (count - len(records))
+    return b"\r\n".join([version, scramble(new_last), scramble(new_sum)] + records) + b"\r\n"
+
+
+class Context:
+    def __init__(self, args, name):
+        self.args = args
+        self.name = name
+        self.runners = []
+        self.folder = None
+
+    def shot(self, label):
+        if not self.args.shots:
+            return None
+        os.makedirs(self.args.shots, exist_ok=True)
+        return os.path.join(self.args.shots, "%s-%s.png" % (self.name, label))
+
+    def make_folder(self, files=None):
+        self.folder = ProgramFolder(self.args.exe, self.args.delivered, files)
+        return self.folder
+
+    def runner(self, namespace=False):
+        r = Runner(self.folder, namespace)
+        self.runners.append(r)
+        return r
+
+    def close(self):
+        for r in self.runners:
+            r.close()
+        if self.folder:
+            self.folder.remove()
+
+
+def main_window(runner, timeout=25):
+    """The main window once shown, with a moment for its load to finish."""
+    w = find_window(runner.pid, "normal", "Platewell", timeout)
+    time.sleep(1.0)
+    return w
+
+
+def wait_exit(runner, timeout=20):
+    try:
+        return runner.wait_exit(timeout)
+    except Failure:
+        raise Failure("the program did not end; its windows: %r" % windows_of(runner.pid))
+
+
+def only_box(runner, title=None, timeout=25):
+    box = find_window(runner.pid, "dialog", title, timeout=timeout)
+    time.sleep(0.5)  # a second box, if any, would be up by now
+    dialogs = [w for w in windows_of(runner.pid) if w.kind == "dialog" and title in (None, w.name)]
+    check(len(dialogs) == 1, "expected one message box, saw %r" % dialogs)
+    return box
+
+
+def lock_files(snapshot):
+    """The lock a running copy holds on its folder, whatever its name."""
+    return tuple(name for name in snapshot if "lock" in name.lower())
+
+
+# ---- run-time errors -------------------------------------------------------------
+
+def runtime_error(ctx, files, how, provoke=None):
+    """A run-time error: one painted critical box titled Platewell naming the
+    error, answered by how; then exit status 1 and no file written."""
+    folder = ctx.make_folder(files)
+    before = folder.snapshot()
+    r = ctx.runner()
+    r.start()
+    if provoke:
+        provoke(ctx, r)
+    box = only_box(r, "Platewell")
+    check_painted(box, "critical", ctx.shot("box"))
+    content = box_content(ctx.a11y, r.pid, box)
+    check(content["title"] == "Platewell", "box title %r" % content["title"])
+    check(content["text"].startswith("Run-time error '"), "box text %r" % content["text"])
+    check(content["buttons"] == ["OK"], "box buttons %r" % content["buttons"])
+    answer(box, how, ctx.a11y, r.pid)
+    rc = wait_exit(r)
+    check(rc == 1, "exit status %d after the run-time error, expected 1" % rc)
+    after = folder.snapshot()
+    changes = unchanged(before, after, exclude=lock_files(after))
+    check(not changes, "files touched after the run-time error: %s" % changes)
+    left = " (left behind: %s)" % " ".join(lock_files(after)) if lock_files(after) else ""
+    return content["text"].replace("\n", " ") + left
+
+
+def type_weight(ctx, r):
+    activate(main_window(r))
+    keys("alt+g", "ctrl+a")
+    type_text("99999")
+
+
+def tips(count):
+    return b"".join(b"Tip number %d.\r\n" % i for i in range(1, count + 1))
+
+
+def delivered_data(ctx):
+    with open(os.path.join(ctx.args.delivered, "data.dat"), "rb") as f:
+        return f.read()
+
+
+# ---- saves at exit that fail -------------------------------------------------------
+
+REASONS = {"readonly": "Read-only file system", "full": "No space left on device"}
+
+
+def exit_save_fails(ctx, cause, response):
+    """The folder turns read-only or full while the program runs; at exit each
+    failed save shows a painted exclamation box naming the file and the
+    system's reason, with Retry and Cancel. Retry after the cause is gone
+    writes the files; Cancel or Escape leaves every old file whole."""
+    folder = ctx.make_folder({"default.pwp": PROFILE_AS_TYPED})
+    size_kib = sum(os.path.getsize(os.path.join(folder.path, n)) for n in os.listdir(folder.path)) // 1024
+    r = ctx.runner(namespace=True)
+    p = folder.path
+    r.must("cp -a '%s' '%s.source' && mount -t tmpfs -o size=%dk pwtest '%s' && cp -a '%s.source/.' '%s/'"
+           % (p, p, size_kib + 2048, p, p, p))
+    r.start()
+    main_window(r)
+    before = folder.snapshot()
+    if cause == "readonly":  # a read-only mount over the folder; the open lock stays below it
+        r.must("mount --bind '%s' '%s' && mount -o remount,bind,ro '%s'" % (p, p, p))
+    else:
+        r.do("cat /dev/zero > '%s/filler' 2>/dev/null" % p)
+    r.signal(signal.SIGTERM)
+
+    boxes, answered = [], set()
+    while True:
+        box = wait_until("a save message or the end",
+                         lambda: [w for w in windows_of(r.pid) if w.kind == "dialog" and w.id not in answered]
+                         or not r.running(), 30)
+        if box is True:
+            break
+        box = box[0]
+        answered.add(box.id)
+        check_painted(box, "warning", ctx.shot("box%d" % len(boxes)))
+        content = box_content(ctx.a11y, r.pid, box)
+        boxes.append(content)
+        check(any(n in content["text"] for n in ("default.pwp", "pw.ini", "data.dat")),
+              "the box names no file: %r" % content["text"])
+        check(REASONS[cause] in content["text"], "the box gives no reason %r: %r" % (REASONS[cause], content["text"]))
+        check("Retry" in content["buttons"] and "Cancel" in content["buttons"],
+              "buttons %r, expected Retry and Cancel" % content["buttons"])
+        if response == "retry":
+            check(len(boxes) == 1, "a second box after Retry: %r" % content)
+            if cause == "readonly":
+                r.must("mount -o remount,bind,rw '%s'" % p)
+            else:
+                r.must("rm '%s/filler'" % p)
+            answer(box, "click:Retry", ctx.a11y, r.pid)
+        else:
+            check(len(boxes) <= 3, "more boxes than files: %r" % boxes)
+            answer(box, "Escape" if cause == "readonly" else "click:Cancel", ctx.a11y, r.pid)
+            time.sleep(0.5)
+    check(boxes, "no message about the failed save")
+    rc = wait_exit(r)
+    after = folder.snapshot()
+    check(not folder.temp_files(), "temporary files left: %r" % folder.temp_files())
+    if response == "retry":
+        check(rc == 0, "exit status %d after a successful Retry" % rc)
+        check(profile_written(after["default.pwp"][1]), "default.pwp not written: %r" % (after["default.pwp"][1],))
+        check(after["pw.ini"][1].count(b"\r\n") == 25, "pw.ini not written")
+        check(after["data.dat"][1] == before["data.dat"][1] and after["data.dat"][3] != before["data.dat"][3],
+              "data.dat not saved again")
+    else:
+        changes = unchanged(before, after, exclude=("filler",) + lock_files(before) + lock_files(after))
+        check(not changes, "files changed after Cancel: %s" % changes)
+    return "%d box(es), exit %d; first: %s" % (len(boxes), rc, boxes[0]["text"].replace("\n", " "))
+
+
+# ---- one program per folder --------------------------------------------------------
+
+def second_copy(ctx):
+    folder = ctx.make_folder({"default.pwp": PROFILE})
+    first = ctx.runner()
+    first.start()
+    main_window(first)
+    before = folder.snapshot()
+    second = ctx.runner()
+    second.start()
+    box = only_box(second)
+    others = [w for w in windows_of(second.pid) if w.kind != "dialog"]
+    check(not [w for w in others if w.kind == "normal"], "the second copy opened its main window")
+    check_painted(box, None, ctx.shot("box"))
+    content = box_content(ctx.a11y, second.pid, box)
+    check("already running" in content["text"] and folder.path in content["text"],
+          "box text %r does not say it runs from this folder" % content["text"])
+    answer(box, "Return")
+    rc = wait_exit(second)
+    check(rc != 0, "the second copy ended with status 0")
+    check(first.running(), "the first copy ended")
+    changes = unchanged(before, folder.snapshot())
+    check(not changes, "the second copy touched files: %s" % changes)
+    first.signal(signal.SIGTERM)
+    check(wait_exit(first) == 0, "the first copy's exit failed")
+    check(profile_written(folder.read("default.pwp")), "the first copy's profile not written")
+    return "second copy exit %d%s: %s" % (rc, " (its splash shown)" if others else "",
+                                         content["text"].replace("\n", " "))
+
+
+def stale_lock(ctx):
+    folder = ctx.make_folder({"default.pwp": PROFILE})
+    killed = ctx.runner()
+    killed.start()
+    main_window(killed)
+    killed.signal(signal.SIGKILL)
+    wait_exit(killed)
+    after_kill = sorted(os.listdir(folder.path))
+    again = ctx.runner()
+    again.start()
+    main_window(again)
+    check(not [w for w in windows_of(again.pid) if w.kind == "dialog"], "a box at the start after kill -9")
+    again.signal(signal.SIGTERM)
+    check(wait_exit(again) == 0, "exit failed")
+    return "folder after kill -9: %s" % " ".join(after_kill)
+
+
+# ---- what a save keeps ----------------------------------------------------------------
+
+def saves_keep_file(ctx):
+    """0600 files stay 0600, a symlinked data.dat stays a link whose target
+    is replaced."""
+    folder = ctx.make_folder({"default.pwp": PROFILE_AS_TYPED})
+    store = os.path.join(folder.root, "store")
+    os.mkdir(store)
+    os.rename(folder.file("data.dat"), os.path.join(store, "data.dat"))
+    os.symlink("../store/data.dat", folder.file("data.dat"))
+    for path in (os.path.join(store, "data.dat"), folder.file("default.pwp"), folder.file("pw.ini")):
+        os.chmod(path, 0o600)
+    target_before = os.stat(os.path.join(store, "data.dat"))
+    with open(os.path.join(store, "data.dat"), "rb") as f:
+        data_before = f.read()
+    r = ctx.runner()
+    r.start()
+    main_window(r)
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    check(os.path.islink(folder.file("data.dat")) and os.readlink(folder.file("data.dat")) == "../store/data.dat",
+          "data.dat is no longer the link")
+    target = os.stat(os.path.join(store, "data.dat"))
+    with open(os.path.join(store, "data.dat"), "rb") as f:
+        check(f.read() == data_before, "the link's target lost its records")
+    check(target.st_ino != target_before.st_ino, "the link's target was not saved")
+    check(profile_written(folder.read("default.pwp")), "default.pwp not saved")
+    modes = {name: oct(os.stat(path).st_mode & 0o777) for name, path in
+             (("target", os.path.join(store, "data.dat")), ("default.pwp", folder.file("default.pwp")),
+              ("pw.ini", folder.file("pw.ini")))}
+    check(set(modes.values()) == {"0o600"}, "permission bits not kept: %r" % modes)
+    leftovers = [n for n in os.listdir(store) + os.listdir(folder.path) if ".tmp" in n]
+    check(not leftovers, "temporary files left: %r" % leftovers)
+    return "modes %r" % modes
+
+
+def temp_files_removed(ctx):
+    own = {"data.dat.tmp4242": b"x" * 5000, "pw.ini.tmp17": b"FIRST", "default.pwp.tmp99999": b"NAME:"}
+    others = {"data.dat.tmp": b"a", "data.dat.tmp12x": b"b", "notes.txt.tmp123": b"c", "data.dat.bak": b"d"}
+    folder = ctx.make_folder(dict(own, **others))
+    r = ctx.runner()
+    r.start()
+    main_window(r)
+    left = [n for n in own if os.path.exists(folder.file(n))]
+    lost = [n for n in others if not os.path.exists(folder.file(n))]
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    check(not left, "temporary files not removed at start: %r" % left)
+    check(not lost, "files removed that are not the program's: %r" % lost)
+    return "removed %d, kept %d" % (len(own), len(others))
+
+
+def huge_window(ctx):
+    """Run without a window manager, which would shrink the window itself."""
+    ini = (b"FIRST RUN:False\r\nSHOW TIPS:False\r\nREMEMBER WINDOW SIZE:True\r\n"
+           b"WINDOW WIDTH:2000000000\r\nWINDOW HEIGHT:2000000000\r\n")
+    ctx.make_folder({"pw.ini": ini})
+    r = ctx.runner()
+    r.start()
+    main_window(r)
+    w = find_window(r.pid, "normal", "Platewell")
+    if ctx.shot("screen"):
+        run(["import", "-window", "root", ctx.shot("screen")], timeout=15)
+    check(w.x >= 0 and w.y >= 0 and w.x + w.width <= SCREEN[0] and w.y + w.height <= SCREEN[1],
+          "window %dx%d at %d,%d not on the %dx%d screen" % (w.width, w.height, w.x, w.y, SCREEN[0], SCREEN[1]))
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    return "window %dx%d at %d,%d" % (w.width, w.height, w.x, w.y)
+
+
+# Scenarios run before the window manager starts.
+BARE = {"huge_window"}
+
+SCENARIOS = {
+    # Run-time errors, each answered another way.
+    "rte_splash_current_tip": lambda ctx: runtime_error(
+        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:False\r\nCURRENT TIP:99999\r\n"}, "Return"),
+    "rte_profile_weight": lambda ctx: runtime_error(
+        ctx, {"default.pwp": PROFILE.replace(b"WEIGHT:160", b"WEIGHT:1e30")}, "Escape"),
+    "rte_typed_weight": lambda ctx: runtime_error(ctx, {"default.pwp": PROFILE}, "close", type_weight),
+    "rte_data_4001_records": lambda ctx: runtime_error(
+        ctx, {"data.dat": data_with_record_count(delivered_data(ctx), 4001)}, "click:OK"),
+    "rte_tips_101_lines": lambda ctx: runtime_error(
+        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:True\r\n", "tips.txt": tips(101)}, "Return"),
+    # Saves at exit.
+    "exit_readonly_retry": lambda ctx: exit_save_fails(ctx, "readonly", "retry"),
+    "exit_readonly_cancel": lambda ctx: exit_save_fails(ctx, "readonly", "cancel"),
+    "exit_full_retry": lambda ctx: exit_save_fails(ctx, "full", "retry"),
+    "exit_full_cancel": lambda ctx: exit_save_fails(ctx, "full", "cancel"),
+    # One program per folder.
+    "second_copy": second_copy,
+    "stale_lock": stale_lock,
+    # Files.
+    "saves_keep_file": saves_keep_file,
+    "temp_files_removed": temp_files_removed,
+    "huge_window": huge_window,
+}
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--exe", required=True)
+    parser.add_argument("--delivered", required=True, help="folder with data.dat, tips.txt, pw.hlp")
+    parser.add_argument("--shots", help="folder for the screenshots")
+    parser.add_argument("--list", action="store_true")
+    parser.add_argument("scenarios", nargs="*")
+    args = parser.parse_args()
+    if args.list:
+        print("\n".join(SCENARIOS))
+        return 0
+    unknown = [s for s in args.scenarios if s not in SCENARIOS]
+    if unknown:
+        print("unknown scenarios: %s" % " ".join(unknown))
+        return 2
+    server = ensure_display()
+    if server:
+        print("note: the display given was not reachable; running on Xvfb %s" % os.environ["DISPLAY"])
+    chosen = args.scenarios or list(SCENARIOS)
+    if window_manager_running():
+        print("note: a window manager runs already; %s run under it" % " ".join(BARE & set(chosen)))
+    a11y = Accessibility()
+    wm = None
+    failed = 0
+    try:
+        for name in sorted(chosen, key=lambda n: n not in BARE):
+            if name not in BARE and wm is None:
+                wm = ensure_window_manager() or False
+            ctx = Context(args, name)
+            ctx.a11y = a11y
+            started = time.monotonic()
+            try:
+                note = SCENARIOS[name](ctx)
+                print("PASS %s (%.1f s): %s" % (name, time.monotonic() - started, note), flush=True)
+            except Exception as e:  # a scenario's fault is reported, the next runs
+                failed += 1
+                print("FAIL %s (%.1f s): %s" % (name, time.monotonic() - started, e), flush=True)
+                if not isinstance(e, Failure):
+                    traceback.print_exc()
+            finally:
+                ctx.close()
+    finally:
+        a11y.close()
+        for process in (wm, server):
+            if process:
+                process.terminate()
+                process.wait(5)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
