@@ -230,6 +230,7 @@ def exit_save_fails(ctx, cause, response):
         check(after["data.dat"][1] == before["data.dat"][1] and after["data.dat"][3] != before["data.dat"][3],
               "data.dat not saved again")
     else:
+        check(rc == 1, "exit status %d after a file was left unsaved, expected 1" % rc)
         changes = unchanged(before, after, exclude=("filler",) + lock_files(before) + lock_files(after))
         check(not changes, "files changed after Cancel: %s" % changes)
     return "%d box(es), exit %d; first: %s" % (len(boxes), rc, boxes[0]["text"].replace("\n", " "))

@@ -605,7 +605,7 @@ void MainWindow::Egress()
     // made read-only) is told with the offer to try again, and the others are
     // still saved.
     const QString title = QStringLiteral("Platewell");
-    SaveOrTell(seams_.prompts, title, [&] { profilePage->WriteDefaultPWP(); }, true);
+    bool allSaved = SaveOrTell(seams_.prompts, title, [&] { profilePage->WriteDefaultPWP(); }, true);
 
     if (!s.rememberColumnWidths) {
         s.columnWidths = kDefaultColumnWidths;
@@ -621,12 +621,12 @@ void MainWindow::Egress()
         s.windowHeight = kDefaultWindowHeight;
     }
     s.windowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    SaveOrTell(seams_.prompts, title, [&] { WriteSettings(session_.programFolder, s); }, true);
+    allSaved = SaveOrTell(seams_.prompts, title, [&] { WriteSettings(session_.programFolder, s); }, true) && allSaved;
 
     std::string dataPath = FindFileNoCase(session_.programFolder, kDataFileName);
     if (dataPath.empty())
         dataPath = JoinPath(session_.programFolder, kDataFileName);
-    SaveOrTell(seams_.prompts, title, [&] {
+    allSaved = SaveOrTell(seams_.prompts, title, [&] {
         QApplication::setOverrideCursor(Qt::WaitCursor);
         try {
             SaveDatabase(session_.foodTable, dataPath);
@@ -635,13 +635,15 @@ void MainWindow::Egress()
             throw;
         }
         QApplication::restoreOverrideCursor();
-    }, true);
+    }, true) && allSaved;
 
     if (listFile->ListNeedsSaving())
         listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleExit), true);
 
     session_.ended = true;
-    QCoreApplication::exit(0);
+    // A file left unsaved at the user's word still ends the program, but
+    // not as a success: a script that started it can tell.
+    QCoreApplication::exit(allSaved ? 0 : 1);
 }
 
 }  // namespace pw
