@@ -15,9 +15,7 @@
 #include "core/Numeric.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/TierMap.h"
-#include "foodlist/views/FoodListPage.h"
 #include "shell/views/ErrorGuard.h"
-#include "shell/views/MainWindow.h"
 #include "shell/views/Seams.h"
 #include "shell/Session.h"
 
@@ -57,8 +55,8 @@ QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int ma
 
 }  // namespace
 
-AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FoodTableDialog(session, seams, main, kTopicAddCustomFood, parent)
+AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, QWidget* parent)
+    : FoodTableDialog(session, seams, kTopicAddCustomFood, parent)
 {
     BuildControls();
     connect(comPrimary, &QComboBox::activated, this, Guarded([this] { comPrimary_Click(); }));
@@ -363,8 +361,7 @@ void AddFoodDialog::btnAdd_Click()
     }
     say(AddFoodAdded(shownSubgroup, shownDescription, shownMeasure), texts::kTitleAdded, MsgIcon::Information);
     session_.foodTable.DatabaseDirty = true;
-    main_.foodListPage->RebuildTierMap();
-    main_.foodListPage->DisableTiers();
+    emit foodTableChanged();
     QDialog::accept();
 }
 

@@ -20,14 +20,13 @@ class QRadioButton;
 namespace pw {
 
 class ErrorGuard;
-class MainWindow;
 struct Seams;
 struct Session;
 
 class AddFoodDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    AddFoodDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
+    AddFoodDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
 
     // Bit 0 description, bit 1 measure, bits 2..8 the nutrient boxes that
     // hold a number; Add is offered at kAllFieldsFilled.

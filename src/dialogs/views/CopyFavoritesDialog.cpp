@@ -7,9 +7,7 @@
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
-#include "foodlist/views/FoodListPage.h"
 #include "shell/views/ErrorGuard.h"
-#include "shell/views/MainWindow.h"
 #include "shell/views/Seams.h"
 #include "shell/Session.h"
 
@@ -20,8 +18,8 @@ namespace {
 
 }  // namespace
 
-CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FavoritesDialog(session, seams, main, kTopicCopyToFavorites, parent)
+CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, QWidget* parent)
+    : FavoritesDialog(session, seams, kTopicCopyToFavorites, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
@@ -44,15 +42,13 @@ void CopyFavoritesDialog::BuildControls()
 
 void CopyFavoritesDialog::Form_Activate()
 {
-    const FoodListPage& chooser = *main_.foodListPage;
     FillFavoritesSubgroups(comSubgroup);
     // The chosen food's own subgroup when Favorites has one of that name.
-    comSubgroup->setCurrentIndex(comSubgroup->findText(chooser.comTier1->currentText(), Qt::MatchExactly |
-                                                                                          Qt::MatchCaseSensitive));
+    comSubgroup->setCurrentIndex(comSubgroup->findText(chosen_.subgroup, Qt::MatchExactly | Qt::MatchCaseSensitive));
     if (comSubgroup->currentIndex() < 0)
         comSubgroup->clearEditText();
-    txtDescription->setText(chooser.comTier2->currentText());
-    labMeasure->setText(chooser.comTier3->currentText());
+    txtDescription->setText(chosen_.description);
+    labMeasure->setText(chosen_.measure);
     EnableCopy();
     comSubgroup->setFocus();
 }
@@ -83,8 +79,7 @@ void CopyFavoritesDialog::btnCopy_Click()
     seams_.prompts.Message(CopiedToFavorites(shownSubgroup, shownDescription, shownMeasure),
                            std::string(texts::kTitleCopied), MsgIcon::Information);
     QDialog::accept();
-    main_.foodListPage->RebuildTierMap();
-    main_.foodListPage->DisableTiers();
+    emit foodTableChanged();
 }
 
 }  // namespace pw

@@ -3,6 +3,9 @@
 // subgroup and description of the user's choice and with its own measure.
 // Created once, hidden rather than destroyed, and filled from the chooser
 // every time it is shown.
+#include <QString>
+#include <utility>
+
 #include "dialogs/views/FavoritesDialog.h"
 
 class QComboBox;
@@ -13,14 +16,21 @@ class QPushButton;
 namespace pw {
 
 class ErrorGuard;
-class MainWindow;
 struct Seams;
 struct Session;
 
 class CopyFavoritesDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    CopyFavoritesDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
+    CopyFavoritesDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
+
+    // The food to copy as the chooser names it; set before each opening.
+    struct ChosenFood {
+        QString subgroup;
+        QString description;
+        QString measure;
+    };
+    void SetChosenFood(ChosenFood food) { chosen_ = std::move(food); }
 
     QLabel* labMeasure = nullptr;  // the chosen food's measure, kept
     QPushButton* btnCopy = nullptr;
@@ -31,6 +41,8 @@ private:
     // Copy is offered while subgroup and description hold text.
     void EnableCopy();
     void btnCopy_Click();
+
+    ChosenFood chosen_;
 };
 
 }  // namespace pw

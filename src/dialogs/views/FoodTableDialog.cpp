@@ -10,14 +10,13 @@
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/TierMap.h"
-#include "shell/views/MainWindow.h"
 #include "shell/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {
 
-FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams), main_(main), helpContext_(helpContext)
+FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, int helpContext, QWidget* parent)
+    : QDialog(parent), session_(session), seams_(seams), helpContext_(helpContext)
 {
     // F1 opens the dialog's topic, as its Help button does.
     new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
@@ -66,10 +65,15 @@ bool FoodTableDialog::ClosedForNoRoom(std::int16_t result)
 {
     if (result != kInsertNoRoom)
         return false;
-    main_.DatabaseMaxedOut();
+    TellDatabaseFull(seams_.prompts);
     QDialog::reject();
     return true;
 }
 
+
+void TellDatabaseFull(Prompts& prompts)
+{
+    prompts.Message(std::string(texts::kDatabaseMaxedOut), std::string(texts::kTitleNoRoom), MsgIcon::Critical);
+}
 
 }  // namespace pw

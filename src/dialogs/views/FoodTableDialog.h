@@ -17,7 +17,7 @@ class QPushButton;
 
 namespace pw {
 
-class MainWindow;
+class Prompts;
 struct Seams;
 struct Session;
 
@@ -32,8 +32,12 @@ public slots:
     // Closing the window or Escape leave as Cancel does.
     void reject() override;
 
+signals:
+    // The dialog changed the food table: the chooser is rebuilt from it.
+    void foodTableChanged();
+
 protected:
-    FoodTableDialog(Session& session, Seams& seams, MainWindow& main, int helpContext, QWidget* parent);
+    FoodTableDialog(Session& session, Seams& seams, int helpContext, QWidget* parent);
 
     void showEvent(QShowEvent* event) override;
     // Runs at each opening (not when a window manager restores the window).
@@ -59,11 +63,13 @@ protected:
 
     Session& session_;
     Seams& seams_;
-    MainWindow& main_;
 
 private:
     int helpContext_;
 };
+
+// The message of a table that holds 4,000 foods: no food can be added.
+void TellDatabaseFull(Prompts& prompts);
 
 // The dialogs' labels show plain text; their buttons never become the
 // default on focus.

@@ -9,10 +9,7 @@
 #include "core/views/StoredTextValidator.h"
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
-#include "foodlist/views/FoodListGrid.h"
-#include "foodlist/views/FoodListPage.h"
 #include "shell/views/ErrorGuard.h"
-#include "shell/views/MainWindow.h"
 #include "shell/views/Seams.h"
 #include "shell/Session.h"
 
@@ -23,8 +20,8 @@ namespace {
 
 }  // namespace
 
-SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent)
-    : FavoritesDialog(session, seams, main, kTopicFavoritesAndDishes, parent)
+SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, QWidget* parent)
+    : FavoritesDialog(session, seams, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
@@ -86,13 +83,10 @@ void SaveDishDialog::btnSaveList_Click()
                                std::string(texts::kTitleUnableToAdd), MsgIcon::Exclamation);
         return;
     }
-    if (seams_.prompts.Message(DishAddedQuestion(shownSubgroup, shownDescription, shownMeasure),
-                               std::string(texts::kTitleAdded), MsgIcon::Question,
-                               MsgButtons::YesNo) == MsgResult::Yes)
-        main_.listGrid->ClearGrid();
-    main_.foodListPage->RebuildTierMap();
-    main_.mnuSaveAsDish->setEnabled(false);
-    main_.foodListPage->DisableTiers();
+    const bool clearList = seams_.prompts.Message(DishAddedQuestion(shownSubgroup, shownDescription, shownMeasure),
+                                                  std::string(texts::kTitleAdded), MsgIcon::Question,
+                                                  MsgButtons::YesNo) == MsgResult::Yes;
+    emit dishSaved(clearList);
     QDialog::accept();
 }
 

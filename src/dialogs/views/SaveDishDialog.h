@@ -12,17 +12,21 @@ class QPushButton;
 namespace pw {
 
 class ErrorGuard;
-class MainWindow;
 struct Seams;
 struct Session;
 
 class SaveDishDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    SaveDishDialog(Session& session, Seams& seams, MainWindow& main, QWidget* parent = nullptr);
+    SaveDishDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
 
     QLineEdit* txtMeasure = nullptr;
     QPushButton* btnSaveList = nullptr;
+
+signals:
+    // The dish is in the table; clearList when the user asked to clear the
+    // list it was made from.
+    void dishSaved(bool clearList);
 
 private:
     void BuildControls();

@@ -473,9 +473,12 @@ void MainWindow::mnuAbout_Click()
     aboutBox->open();
 }
 
-void MainWindow::DatabaseMaxedOut()
+void MainWindow::DatabaseMaxedOut() { TellDatabaseFull(seams_.prompts); }
+
+void MainWindow::FoodTableChanged()
 {
-    seams_.prompts.Message(std::string(texts::kDatabaseMaxedOut), std::string(texts::kTitleNoRoom), MsgIcon::Critical);
+    foodListPage->RebuildTierMap();
+    foodListPage->DisableTiers();
 }
 
 void MainWindow::mnuAddCustomItem_Click()
@@ -484,16 +487,26 @@ void MainWindow::mnuAddCustomItem_Click()
         DatabaseMaxedOut();
         return;
     }
-    if (!frmAdd)
-        frmAdd = new AddFoodDialog(session_, seams_, *this, this);
+    if (!frmAdd) {
+        frmAdd = new AddFoodDialog(session_, seams_, this);
+        connect(frmAdd, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
+    }
     frmAdd->guard = &guard_;
     frmAdd->open();
 }
 
 void MainWindow::mnuSaveAsDish_Click()
 {
-    if (!frmSaveList)
-        frmSaveList = new SaveDishDialog(session_, seams_, *this, this);
+    if (!frmSaveList) {
+        frmSaveList = new SaveDishDialog(session_, seams_, this);
+        connect(frmSaveList, &SaveDishDialog::dishSaved, this, [this](bool clearList) {
+            if (clearList)
+                listGrid->ClearGrid();
+            foodListPage->RebuildTierMap();
+            mnuSaveAsDish->setEnabled(false);
+            foodListPage->DisableTiers();
+        });
+    }
     frmSaveList->guard = &guard_;
     frmSaveList->open();
 }
@@ -504,8 +517,12 @@ void MainWindow::mnuCopyToFavorites_Click()
         DatabaseMaxedOut();
         return;
     }
-    if (!frmCopy)
-        frmCopy = new CopyFavoritesDialog(session_, seams_, *this, this);
+    if (!frmCopy) {
+        frmCopy = new CopyFavoritesDialog(session_, seams_, this);
+        connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
+    }
+    frmCopy->SetChosenFood({foodListPage->comTier1->currentText(), foodListPage->comTier2->currentText(),
+                            foodListPage->comTier3->currentText()});
     frmCopy->guard = &guard_;
     frmCopy->open();
 }

@@ -56,6 +56,8 @@ public:
     bool ViewByUnits() const;
     // The message that the food table holds its 4,000 foods.
     void DatabaseMaxedOut();
+    // After a dialog changed the food table: the chooser is rebuilt and reset.
+    void FoodTableChanged();
     // Opens the dialog that saves the list as a dish, with no capacity
     // test: a full table is reported when the dish is saved.
     void mnuSaveAsDish_Click();
