@@ -26,7 +26,7 @@
 #include "core/LineFile.h"
 #include "core/Text.h"
 #include "shell/views/DesktopIntegration.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/views/Logo.h"
 #include "shell/views/MainWindow.h"
 #include "shell/views/ProgramWindows.h"
@@ -122,7 +122,7 @@ int MakeScreenshot(const QString& file, const QString& dataFolder)
     test::FakeSeams fakes;
     Session session;
     session.programFolder = programFolder;
-    ErrorGuard guard(session, fakes.prompts);
+    ErrorGuard guard(session.ended, fakes.prompts);
     ProgramWindows windows(session, fakes.seams, guard);
     if (!windows.LoadSplash())
         return 1;

@@ -8,4 +8,7 @@ list(APPEND MODEL_SOURCES
 list(APPEND VIEW_SOURCES
   src/core/views/StoredTextValidator.cpp
   src/core/views/Widgets.cpp
+  src/core/views/ErrorGuard.cpp
+  src/core/views/Seams.cpp
+  src/core/views/Twips.cpp
 )

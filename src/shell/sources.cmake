@@ -7,16 +7,13 @@ list(APPEND VIEW_SOURCES
   src/shell/views/AboutBox.cpp
   src/shell/views/AppRunner.cpp
   src/shell/views/CommandLine.cpp
-  src/shell/views/ErrorGuard.cpp
   src/shell/views/HelpWindow.cpp
   src/shell/views/Logo.cpp
   src/shell/views/MainWindow.cpp
   src/shell/views/ProgramWindows.cpp
   src/shell/views/RealSeams.cpp
-  src/shell/views/Seams.cpp
   src/shell/views/SplashWindow.cpp
   src/shell/views/TipWindow.cpp
-  src/shell/views/Twips.cpp
 )
 list(APPEND MODEL_SOURCES src/shell/ProgramFolder.cpp)
 list(APPEND VIEW_SOURCES src/shell/views/DesktopIntegration.cpp)

@@ -36,7 +36,7 @@
 #include "shell/HelpTopics.h"
 #include "shell/views/HelpWindow.h"
 #include "shell/Settings.h"
-#include "shell/views/Twips.h"
+#include "core/views/Twips.h"
 
 using namespace pw;
 using namespace pw::test;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "printing/Report.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 namespace pw::test {
 

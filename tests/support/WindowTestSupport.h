@@ -9,7 +9,7 @@
 #include "FakeSeams.h"
 #include "TempFolder.h"
 #include "foodlist/views/FoodListPage.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/views/MainWindow.h"
 #include "shell/views/ProgramWindows.h"
 #include "shell/Session.h"
@@ -54,7 +54,7 @@ public:
     TempFolder folder;
     FakeSeams fakes;
     Session session;
-    ErrorGuard guard{session, fakes.prompts};
+    ErrorGuard guard{session.ended, fakes.prompts};
     ProgramWindows windows{session, fakes.seams, guard};
     std::unique_ptr<SplashWindow>& splash = windows.splash;
     std::unique_ptr<TipWindow>& tip = windows.tip;

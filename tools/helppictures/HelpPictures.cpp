@@ -32,11 +32,11 @@
 #include "dialogs/views/SearchDialog.h"
 #include "foodlist/views/FoodListPage.h"
 #include "shell/views/AboutBox.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/views/HelpWindow.h"
 #include "shell/views/MainWindow.h"
 #include "shell/views/ProgramWindows.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 #include "shell/views/TipWindow.h"
 
@@ -138,7 +138,7 @@ int main(int argc, char** argv)
     Seams& seams = fakes.seams;
     Session session;
     session.programFolder = QFile::encodeName(folder.path()).toStdString();
-    ErrorGuard guard(session, fakes.prompts);
+    ErrorGuard guard(session.ended, fakes.prompts);
     ProgramWindows windows(session, seams, guard);
     if (!windows.LoadSplash())
         return 1;

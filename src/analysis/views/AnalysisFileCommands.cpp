@@ -14,7 +14,7 @@
 #include "foodlist/views/FoodListGrid.h"
 #include "foodlist/views/FoodListPage.h"
 #include "foodlist/FoodListTexts.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

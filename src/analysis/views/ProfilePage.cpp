@@ -2,7 +2,7 @@
 
 #include "core/views/Widgets.h"
 #include "core/views/StoredTextValidator.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 
 #include <QEvent>
 #include <QFile>

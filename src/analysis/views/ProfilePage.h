@@ -6,7 +6,7 @@
 
 #include "analysis/Profile.h"
 #include "analysis/ProfileFile.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 class QGroupBox;

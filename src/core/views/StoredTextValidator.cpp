@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 namespace pw {
 

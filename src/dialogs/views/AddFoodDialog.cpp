@@ -15,8 +15,8 @@
 #include "core/Numeric.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/TierMap.h"
-#include "shell/views/ErrorGuard.h"
-#include "shell/views/Seams.h"
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

@@ -7,8 +7,8 @@
 
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
-#include "shell/views/ErrorGuard.h"
-#include "shell/views/Seams.h"
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

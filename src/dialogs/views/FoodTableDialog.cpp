@@ -10,7 +10,7 @@
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/TierMap.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

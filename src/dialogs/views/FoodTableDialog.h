@@ -9,7 +9,7 @@
 #include <string>
 
 #include "core/views/Widgets.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 
 class QComboBox;
 class QLabel;

@@ -9,8 +9,8 @@
 #include "core/views/StoredTextValidator.h"
 #include "fooddb/FoodEditing.h"
 #include "fooddb/FoodGroups.h"
-#include "shell/views/ErrorGuard.h"
-#include "shell/views/Seams.h"
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

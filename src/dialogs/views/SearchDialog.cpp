@@ -17,8 +17,8 @@
 #include "core/views/Widgets.h"
 #include "dialogs/DialogTexts.h"
 #include "foodlist/views/FoodListPage.h"
-#include "shell/views/ErrorGuard.h"
-#include "shell/views/Seams.h"
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

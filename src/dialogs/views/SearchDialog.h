@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "dialogs/Search.h"
-#include "shell/views/Twips.h"
+#include "core/views/Twips.h"
 
 class QGroupBox;
 class QLabel;

@@ -13,8 +13,8 @@
 
 #include "foodlist/views/FoodListPage.h"
 #include "foodlist/FoodListTexts.h"
-#include "shell/views/ErrorGuard.h"
-#include "shell/views/Seams.h"
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

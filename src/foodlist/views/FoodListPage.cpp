@@ -1,7 +1,7 @@
 #include "foodlist/views/FoodListPage.h"
 
 #include "core/views/Widgets.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -20,7 +20,7 @@
 #include "foodlist/ChooserTexts.h"
 #include "foodlist/Quantity.h"
 #include "foodlist/TierMap.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 
 namespace pw {

@@ -5,7 +5,7 @@
 #include <QString>
 
 #include "printing/Report.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 namespace pw {
 

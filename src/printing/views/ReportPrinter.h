@@ -1,6 +1,6 @@
 #pragma once
 // The system's printers through Qt's print dialog and print preview.
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 class QWidget;
 

@@ -19,7 +19,7 @@
 #include "printing/views/ReportPrinter.h"
 #include "shell/views/CommandLine.h"
 #include "shell/views/DesktopIntegration.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/views/MainWindow.h"
 #include "shell/ProgramFolder.h"
 #include "shell/views/ProgramWindows.h"
@@ -128,7 +128,7 @@ int RunPlatewell(int& argc, char** argv)
     Seams seams{prompts, files, help, clock, printer};
     // Once the user has answered a run-time error the process ends at once,
     // whatever was waiting below the message.
-    ErrorGuard guard(session, prompts, [&lock] {
+    ErrorGuard guard(session.ended, prompts, [&lock] {
         lock.unlock();
         std::_Exit(1);
     });

@@ -5,7 +5,7 @@
 #include <array>
 #include <memory>
 
-#include "shell/views/Twips.h"
+#include "core/views/Twips.h"
 
 class QAction;
 class QMenu;

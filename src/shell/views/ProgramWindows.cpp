@@ -1,6 +1,6 @@
 #include "shell/views/ProgramWindows.h"
 
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/Session.h"
 
 namespace pw {

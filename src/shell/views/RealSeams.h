@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <memory>
 
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 namespace pw {
 

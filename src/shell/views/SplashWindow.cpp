@@ -12,9 +12,9 @@
 #include "core/LineFile.h"
 #include "core/Text.h"
 #include "fooddb/DataFile.h"
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 #include "shell/views/Logo.h"
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 #include "shell/Session.h"
 #include "shell/StartupTexts.h"
 

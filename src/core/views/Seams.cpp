@@ -1,4 +1,4 @@
-#include "shell/views/Seams.h"
+#include "core/views/Seams.h"
 
 #include <QDir>
 #include <QFile>

@@ -6,8 +6,7 @@
 #include <utility>
 
 #include "core/RunTimeError.h"
-#include "shell/views/Seams.h"
-#include "shell/Session.h"
+#include "core/views/Seams.h"
 
 namespace pw {
 
@@ -16,8 +15,10 @@ public:
     // afterReport runs once the user has answered the message; the program
     // passes one that ends the process there and then, so no code that was
     // waiting below the message can write a file afterwards.
-    ErrorGuard(Session& session, Prompts& prompts, std::function<void()> afterReport = {})
-        : session_(session), prompts_(prompts), afterReport_(std::move(afterReport))
+    // ended is the program's flag (the Session's) that nothing more is to
+    // be written; the guard sets it on a run-time error.
+    ErrorGuard(bool& ended, Prompts& prompts, std::function<void()> afterReport = {})
+        : ended_(ended), prompts_(prompts), afterReport_(std::move(afterReport))
     {
     }
 
@@ -25,7 +26,7 @@ public:
     template <class Work>
     bool Run(Work&& work)
     {
-        if (session_.ended)
+        if (ended_)
             return false;
         try {
             std::forward<Work>(work)();
@@ -41,10 +42,10 @@ public:
     void Report(const RunTimeError& error);
     bool Failed() const { return failed_; }
     // The program is ending: after a run-time error, or once its exit ran.
-    bool Ended() const { return session_.ended; }
+    bool Ended() const { return ended_; }
 
 private:
-    Session& session_;
+    bool& ended_;
     Prompts& prompts_;
     std::function<void()> afterReport_;
     bool failed_ = false;

@@ -1,4 +1,4 @@
-#include "shell/views/Twips.h"
+#include "core/views/Twips.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "shell/views/ErrorGuard.h"
+#include "core/views/ErrorGuard.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -10,7 +10,7 @@ void ErrorGuard::Report(const RunTimeError& error)
     if (failed_)
         return;  // one message, however many handlers the error passed through
     failed_ = true;
-    session_.ended = true;
+    ended_ = true;
     while (QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
     prompts_.Message(QString::fromLatin1(error.Message()), QStringLiteral("Platewell"), MsgIcon::Critical);
