@@ -11,6 +11,5 @@ inline constexpr const char* kSearchOverLimit =
     "Only the first 200 will be shown.";
 inline constexpr const char* kSearchNoMatch = "No matching items found.";
 // The chooser's add button after a search result was taken over.
-inline constexpr const char* kSearchAcceptItemCaption = "Accept";
 
 }  // namespace pw::texts

@@ -27,6 +27,8 @@ inline constexpr const char* kCategoryEmpty =
     "Would you like help with this feature now?\r\n";
 
 inline constexpr const char* kCaptionAddToList = "Add to List";
+// The Accept button's caption after a food came from the search dialog.
+inline constexpr const char* kSearchAcceptItemCaption = "Accept";
 inline constexpr const char* kUnitDV = "%DV";
 
 }  // namespace pw::texts

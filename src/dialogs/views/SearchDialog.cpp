@@ -16,7 +16,6 @@
 
 #include "core/views/Widgets.h"
 #include "dialogs/DialogTexts.h"
-#include "foodlist/views/FoodListPage.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
 #include "shell/Session.h"
@@ -71,8 +70,8 @@ constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Descr
 
 }  // namespace
 
-SearchDialog::SearchDialog(const Session& session, Seams& seams, FoodListPage& chooser, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams), chooser_(chooser)
+SearchDialog::SearchDialog(const Session& session, Seams& seams, QWidget* parent)
+    : QDialog(parent), session_(session), seams_(seams)
 {
     BuildControls();
     connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
@@ -261,14 +260,7 @@ void SearchDialog::btnAccept_Click()
 {
     if (selectedResult_ < 1 || selectedResult_ > ResultCount())
         return;
-    chooser_.RecreateTiers(results_[static_cast<std::size_t>(selectedResult_ - 1)].foodIndex);
-    // The food comes without a measure: the user picks one next. Clearing
-    // the measure is a choice at that tier, as a pick would be.
-    chooser_.comTier3->setCurrentIndex(-1);
-    chooser_.ProcessTier3();
-    chooser_.btnAcceptItem->setEnabled(false);
-    chooser_.btnAcceptItem->setText(QString::fromLatin1(texts::kSearchAcceptItemCaption));
-    chooser_.btnDeleteItem->setEnabled(false);
+    emit foodChosen(results_[static_cast<std::size_t>(selectedResult_ - 1)].foodIndex);
     btnAccept->setEnabled(false);
     ResetSearch();
     txtSearch->setEnabled(true);

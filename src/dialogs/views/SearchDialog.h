@@ -18,7 +18,6 @@ class QTableWidget;
 namespace pw {
 
 class ErrorGuard;
-class FoodListPage;
 struct Seams;
 struct Session;
 
@@ -29,10 +28,15 @@ public:
     // dialog hands on its own.
     ErrorGuard* guard = nullptr;
 
-    SearchDialog(const Session& session, Seams& seams, FoodListPage& chooser, QWidget* parent = nullptr);
+    SearchDialog(const Session& session, Seams& seams, QWidget* parent = nullptr);
 
     // Grid rows listed by the last search, and the row last moved to
     // (1-based, 0 when none).
+signals:
+    // Accept: the food at this FoodTable index, to be shown without a measure.
+    void foodChosen(int index);
+
+public:
     int ResultCount() const { return static_cast<int>(results_.size()); }
     int SelectedResult() const { return selectedResult_; }
 
@@ -79,7 +83,6 @@ private:
 
     const Session& session_;
     Seams& seams_;
-    FoodListPage& chooser_;
     std::vector<SearchResult> results_;  // grid row k shows results_[k - 1]
     int selectedResult_ = 0;
     TwipsLength width_;

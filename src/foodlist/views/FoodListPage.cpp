@@ -349,8 +349,10 @@ void FoodListPage::btnSearch_Click()
 {
     // Window-modal over the main window: nothing there takes input while
     // the dialog is open.
-    if (!frmSearch)
-        frmSearch = new SearchDialog(session_, seams_, *this, window());
+    if (!frmSearch) {
+        frmSearch = new SearchDialog(session_, seams_, window());
+        connect(frmSearch, &SearchDialog::foodChosen, this, &FoodListPage::ShowFoundFood);
+    }
     frmSearch->guard = guard;
     frmSearch->open();
 }
@@ -400,6 +402,17 @@ void FoodListPage::EnableTiers()
     comQuantity->setEnabled(true);
     DisableItemInfo();
     btnAcceptItem->setEnabled(true);
+}
+
+void FoodListPage::ShowFoundFood(int index)
+{
+    RecreateTiers(index);
+    // Clearing the measure is a choice at that tier, as a pick would be.
+    comTier3->setCurrentIndex(-1);
+    ProcessTier3();
+    btnAcceptItem->setEnabled(false);
+    btnAcceptItem->setText(QString::fromLatin1(texts::kSearchAcceptItemCaption));
+    btnDeleteItem->setEnabled(false);
 }
 
 void FoodListPage::RecreateTiers(int index)

@@ -60,6 +60,9 @@ public:
     void EnableTiers();
     // Selects the food at a FoodTable index in the four tiers.
     void RecreateTiers(int index);
+    // A food found by the search dialog: shown in the tiers without a
+    // measure, which the user picks next.
+    void ShowFoundFood(int index);
     void EnableItemInfo();
     void DisableItemInfo();
     void EnableUnits();
