@@ -17,11 +17,7 @@
 #include <string>
 
 // The window seams of a run nobody answers: the fakes the window tests use.
-// GCC's optimiser misreads their std::optional<QString> as uninitialised.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #include "FakeSeams.h"
-#pragma GCC diagnostic pop
 #include "analysis/ProfileFile.h"
 #include "core/LineFile.h"
 #include "core/Text.h"

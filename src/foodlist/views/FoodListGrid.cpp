@@ -21,7 +21,6 @@ namespace pw {
 
 namespace {
 
-std::string Latin1(const QString& text) { return text.toLatin1().toStdString(); }
 
 // Sets a flag for the life of a scope.
 class FlagScope {
@@ -43,10 +42,8 @@ FoodListGrid::FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QT
     : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
       hooks_(std::move(hooks))
 {
-    connect(chooser_.btnAcceptItem, &QPushButton::clicked, this,
-            [this] { guard_.Run([&] { btnAcceptItem_Click(); }); });
-    connect(chooser_.btnDeleteItem, &QPushButton::clicked, this,
-            [this] { guard_.Run([&] { btnDeleteItem_Click(); }); });
+    connect(&chooser_, &FoodListPage::acceptRequested, this, [this] { guard_.Run([&] { btnAcceptItem_Click(); }); });
+    connect(&chooser_, &FoodListPage::deleteRequested, this, [this] { guard_.Run([&] { btnDeleteItem_Click(); }); });
 
     // A click loads the clicked row (again, when it is the current one); a
     // move of the current row by the keys loads it too. The header counts as
@@ -90,7 +87,7 @@ bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
     if (watched == &grid_ && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
         // The same question as "Delete from List", for the row shown.
-        if (chooser_.btnDeleteItem->isEnabled())
+        if (chooser_.RowLoaded())
             guard_.Run([&] { btnDeleteItem_Click(); });
         return true;
     }
@@ -130,11 +127,12 @@ void FoodListGrid::btnAcceptItem_Click()
     }
     FoodListEntry entry;
     entry.foodIndex = state.currentFood;
-    entry.quantityText = Latin1(chooser_.comQuantity->currentText());
-    entry.group = Latin1(chooser_.comTier0->currentText());
-    entry.subgroup = Latin1(chooser_.comTier1->currentText());
-    entry.description = Latin1(chooser_.comTier2->currentText());
-    entry.measure = Latin1(chooser_.comTier3->currentText());
+    FoodListPage::ChoiceTexts chosen = chooser_.CurrentChoice();
+    entry.quantityText = std::move(chosen.quantity);
+    entry.group = std::move(chosen.group);
+    entry.subgroup = std::move(chosen.subgroup);
+    entry.description = std::move(chosen.description);
+    entry.measure = std::move(chosen.measure);
     entry.amounts = state.currentNutrients;
     entry.percents = state.currentPercents;
 
@@ -147,11 +145,8 @@ void FoodListGrid::btnAcceptItem_Click()
     if (QTableWidgetItem* added = grid_.item(row - 1, 0))
         grid_.scrollToItem(added);
 
-    chooser_.btnAcceptItem->setEnabled(false);
-    chooser_.btnDeleteItem->setEnabled(false);
-    chooser_.btnSearch->setEnabled(false);
     list.listSaved = false;
-    chooser_.DisableTiers();
+    chooser_.ResetAfterAccept();
     if (hooks_.listLengthChanged)
         hooks_.listLengthChanged();
 }
@@ -209,9 +204,8 @@ void FoodListGrid::ShowDailyIntake(IntakeStyle style)
 
 void FoodListGrid::btnDeleteItem_Click()
 {
-    const std::string item = ListItemText(Latin1(chooser_.comTier0->currentText()),
-                                          Latin1(chooser_.comTier1->currentText()),
-                                          Latin1(chooser_.comTier2->currentText()));
+    const FoodListPage::ChoiceTexts chosen = chooser_.CurrentChoice();
+    const std::string item = ListItemText(chosen.group, chosen.subgroup, chosen.description);
     const MsgResult answer = seams_.prompts.Message(DeleteQuestionText(item), std::string(texts::kTitleConfirmDelete),
                                                     MsgIcon::Question, MsgButtons::YesNo);
     if (answer != MsgResult::Yes) {
@@ -234,8 +228,7 @@ void FoodListGrid::btnDeleteItem_Click()
     // The analysis follows the shorter list.
     ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
 
-    chooser_.btnDeleteItem->setEnabled(false);
-    chooser_.DisableTiers();
+    chooser_.ForgetRow();
     seams_.prompts.Message(ItemRemovedText(item), std::string(texts::kTitleDeleteFromList), MsgIcon::Information);
     // The data file is written again at exit, as after a change of the table.
     session_.foodTable.DatabaseDirty = true;
@@ -252,9 +245,8 @@ void FoodListGrid::ClearGrid()
     list.selectedRow = 0;
     if (hooks_.populateGridHeader)
         hooks_.populateGridHeader();
-    chooser_.DisableTiers();
     // No row is left to delete.
-    chooser_.btnDeleteItem->setEnabled(false);
+    chooser_.ForgetRow();
     if (hooks_.listLengthChanged)
         hooks_.listLengthChanged();
     ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
@@ -265,29 +257,13 @@ void FoodListGrid::gridMain_Click(int row)
     FoodList& list = session_.foodList;
     list.selectedRow = static_cast<std::int16_t>(row);
     if (row < 1 || row > list.Count()) {
-        chooser_.btnDeleteItem->setEnabled(false);
-        chooser_.btnSearch->setEnabled(false);
-        chooser_.DisableTiers();
-        chooser_.DisableItemInfo();
+        chooser_.ShowNoRow();
         grid_.clearSelection();
         return;
     }
     const FoodListEntry entry = list.Entry(row);
     session_.chooser.addingNewItem = false;
-    chooser_.btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionChange));
-    chooser_.btnSearch->setEnabled(true);
-    chooser_.btnDeleteItem->setEnabled(true);
-    chooser_.EnableTiers();
-    // The quantity goes in before the tiers are shown, so that the measure's
-    // values are scaled by the row's own quantity: "Change" without an edit
-    // stores the quantity the row shows.
-    chooser_.comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
-    chooser_.RecreateTiers(entry.foodIndex);
-    chooser_.EnableItemInfo();
-    chooser_.comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
-    const bool byUnits = ViewByUnits();
-    for (int i = 0; i < kShownNutrients; ++i)
-        chooser_.labNutrVal[i]->setText(QString::number(byUnits ? entry.amounts[i] : entry.percents[i]));
+    chooser_.LoadListEntry(entry, ViewByUnits());
 }
 
 }  // namespace pw

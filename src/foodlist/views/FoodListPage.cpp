@@ -18,6 +18,7 @@
 #include "dialogs/views/SearchDialog.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/ChooserTexts.h"
+#include "foodlist/FoodListTexts.h"
 #include "foodlist/Quantity.h"
 #include "foodlist/TierMap.h"
 #include "core/views/Seams.h"
@@ -66,6 +67,8 @@ FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
     connect(comQuantity, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { comQuantity_Click(); }); });
     connect(btnNewItem, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewItem_Click(); }); });
     connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
+    connect(btnAcceptItem, &QPushButton::clicked, this, &FoodListPage::acceptRequested);
+    connect(btnDeleteItem, &QPushButton::clicked, this, &FoodListPage::deleteRequested);
     // Keys reach the combo first and its line edit without another filter
     // pass, unless they are sent to the line edit itself: watch both.
     comQuantity->installEventFilter(this);
@@ -402,6 +405,53 @@ void FoodListPage::EnableTiers()
     comQuantity->setEnabled(true);
     DisableItemInfo();
     btnAcceptItem->setEnabled(true);
+}
+
+FoodListPage::ChoiceTexts FoodListPage::CurrentChoice() const
+{
+    return {ToLatin1(comQuantity->currentText()), ToLatin1(comTier0->currentText()), ToLatin1(comTier1->currentText()),
+            ToLatin1(comTier2->currentText()), ToLatin1(comTier3->currentText())};
+}
+
+bool FoodListPage::RowLoaded() const { return btnDeleteItem->isEnabled(); }
+
+void FoodListPage::ResetAfterAccept()
+{
+    btnAcceptItem->setEnabled(false);
+    btnDeleteItem->setEnabled(false);
+    btnSearch->setEnabled(false);
+    DisableTiers();
+}
+
+void FoodListPage::ForgetRow()
+{
+    btnDeleteItem->setEnabled(false);
+    DisableTiers();
+}
+
+void FoodListPage::ShowNoRow()
+{
+    btnDeleteItem->setEnabled(false);
+    btnSearch->setEnabled(false);
+    DisableTiers();
+    DisableItemInfo();
+}
+
+void FoodListPage::LoadListEntry(const FoodListEntry& entry, bool byUnits)
+{
+    btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionChange));
+    btnSearch->setEnabled(true);
+    btnDeleteItem->setEnabled(true);
+    EnableTiers();
+    // The quantity goes in before the tiers are shown, so that the measure's
+    // values are scaled by the row's own quantity: "Change" without an edit
+    // stores the quantity the row shows.
+    comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
+    RecreateTiers(entry.foodIndex);
+    EnableItemInfo();
+    comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
+    for (int i = 0; i < kShownNutrients; ++i)
+        labNutrVal[i]->setText(QString::number(byUnits ? entry.amounts[i] : entry.percents[i]));
 }
 
 void FoodListPage::ShowFoundFood(int index)

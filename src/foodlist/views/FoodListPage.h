@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "foodlist/FoodList.h"
+
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -29,6 +31,11 @@ struct ChooserHooks {
 
 class FoodListPage : public QWidget {
     Q_OBJECT
+signals:
+    // "Add to List"/"Change" and "Delete from List": the list acts on them.
+    void acceptRequested();
+    void deleteRequested();
+
 public:
     // Where run-time errors of this page's handlers go; the main window sets
     // it.
@@ -63,6 +70,24 @@ public:
     // A food found by the search dialog: shown in the tiers without a
     // measure, which the user picks next.
     void ShowFoundFood(int index);
+
+    // What the list asks of the chooser. The texts of the current choice
+    // as the model keeps them (Latin-1), the quantity as typed.
+    struct ChoiceTexts {
+        std::string quantity, group, subgroup, description, measure;
+    };
+    ChoiceTexts CurrentChoice() const;
+    // A row is loaded, so "Delete from List" applies to it.
+    bool RowLoaded() const;
+    // After "Add to List"/"Change": nothing chosen, no command but New Item.
+    void ResetAfterAccept();
+    // The loaded row is gone (deleted, or the list cleared).
+    void ForgetRow();
+    // A click on no row of the list: nothing chosen and no values shown.
+    void ShowNoRow();
+    // A row of the list to look at or change: its food in the tiers, its
+    // quantity as typed and its stored values (amounts, or percents).
+    void LoadListEntry(const FoodListEntry& entry, bool byUnits);
     void EnableItemInfo();
     void DisableItemInfo();
     void EnableUnits();
