@@ -22,8 +22,6 @@ namespace pw {
 namespace {
 
 
-// The analysis captions that describe the person rather than the list.
-constexpr const char* kPersonCaptions[] = {"labAgeResults", "labBMI", "labBMIInterpretation"};
 
 FileDialogRequest ListFileRequest(const Session& session)
 {
@@ -38,10 +36,11 @@ FileDialogRequest ListFileRequest(const Session& session)
 
 }  // namespace
 
-AnalysisFileCommands::AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, ProfilePage& profilePage,
+AnalysisFileCommands::AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, QTabWidget& tabs,
+                                           ProfilePage& profilePage,
                                            AnalysisPage& analysisPage, FoodListPage& chooser, FoodListGrid& grid,
                                            QObject* parent)
-    : QObject(parent), session_(session), seams_(seams), window_(window), profilePage_(profilePage),
+    : QObject(parent), session_(session), seams_(seams), window_(window), tabs_(tabs), profilePage_(profilePage),
       analysisPage_(analysisPage), chooser_(chooser), grid_(grid)
 {
 }
@@ -96,14 +95,13 @@ void AnalysisFileCommands::OpenListFile(const QString& path)
     // Emptying the profile closes the list's tabs for a moment; the page
     // the user opened the file from comes back once the profile read is
     // valid again.
-    auto* tabs = window_.findChild<QTabWidget*>(QStringLiteral("tabMain"));
-    const int page = tabs ? tabs->currentIndex() : -1;
+    const int page = tabs_.currentIndex();
     ClearData();
     ReadAnalysis(path);
     if (session_.ended)
         return;
-    if (tabs && page >= 0 && tabs->isTabEnabled(page))
-        tabs->setCurrentIndex(page);
+    if (page >= 0 && tabs_.isTabEnabled(page))
+        tabs_.setCurrentIndex(page);
     SetCaption();
     session_.foodList.listSaved = true;
 }
@@ -162,9 +160,7 @@ void AnalysisFileCommands::ClearData()
                                 {ProfileField::Weight, {}}});
     // The emptied profile is invalid: the list's tab and the grid close.
     profilePage_.ValidateTab1Data();
-    for (const char* name : kPersonCaptions)
-        if (auto* caption = analysisPage_.findChild<QLabel*>(QString::fromLatin1(name)))
-            caption->clear();
+    analysisPage_.ClearPerson();
     chooser_.DisableTiers();
     grid_.ClearGrid();
 }

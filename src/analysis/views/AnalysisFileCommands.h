@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+class QTabWidget;
+
 namespace pw {
 
 class AnalysisPage;
@@ -17,8 +19,9 @@ struct Session;
 class AnalysisFileCommands : public QObject {
     Q_OBJECT
 public:
-    // window is the main window, whose caption names the list file.
-    AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, ProfilePage& profilePage,
+    // window is the main window, whose caption names the list file; tabs
+    // are its pages.
+    AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, QTabWidget& tabs, ProfilePage& profilePage,
                          AnalysisPage& analysisPage, FoodListPage& chooser, FoodListGrid& grid,
                          QObject* parent = nullptr);
 
@@ -60,6 +63,7 @@ private:
     Session& session_;
     Seams& seams_;
     QWidget& window_;
+    QTabWidget& tabs_;
     ProfilePage& profilePage_;
     AnalysisPage& analysisPage_;
     FoodListPage& chooser_;

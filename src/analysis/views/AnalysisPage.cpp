@@ -179,4 +179,10 @@ void AnalysisPage::SetDailyIntake(int i, const QString& text)
     labDailyIntake[i]->setText(text);
 }
 
+void AnalysisPage::ClearPerson()
+{
+    for (QLabel* caption : {labAgeResults, labBMI, labBMIInterpretation})
+        caption->clear();
+}
+
 }  // namespace pw

@@ -28,6 +28,10 @@ public:
     // The caption of labDailyIntake(i), i in 0..7 (Nutrient order).
     void SetDailyIntake(int i, const QString& text);
 
+    // Empties the captions that describe the person (age, BMI and its
+    // reading), as a list is opened.
+    void ClearPerson();
+
     // Puts a chart under the nutrients, taking the frame's free height.
     void AddChart(QWidget* chart);
     // "Help": the main window opens the analysis topic.

@@ -273,8 +273,8 @@ void MainWindow::BuildCentre()
     };
     gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
-    listFile = new AnalysisFileCommands(session_, seams_, *this, *profilePage, *analysisPage, *foodListPage, *listGrid,
-                                        this);
+    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, *foodListPage,
+                                        *listGrid, this);
 }
 
 int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
