@@ -364,7 +364,8 @@ void MainWindow::PopulateGridHeader()
         gridMain->setColumnWidth(c, columns_[c].SetTwips(session_.settings.columnWidths[c], DpiX()));
 }
 
-bool MainWindow::ViewByUnits() const { return mnuViewByUnits->isChecked(); }
+// The view mode lives in the settings; the View menu's check marks show it.
+bool MainWindow::ViewByUnits() const { return session_.settings.viewMode != kViewDV; }
 
 void MainWindow::SetViewMode(bool byDV)
 {
