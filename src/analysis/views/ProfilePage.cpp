@@ -84,8 +84,8 @@ void Tighten(QLayout* layout)
 
 }  // namespace
 
-ProfilePage::ProfilePage(Session& session, Seams& seams, QWidget* parent)
-    : QWidget(parent), session_(session), seams_(seams)
+ProfilePage::ProfilePage(Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();
     ShowGuidance();

@@ -24,11 +24,11 @@ class ErrorGuard;
 class ProfilePage : public QWidget {
     Q_OBJECT
 public:
-    // Where run-time errors of this page's handlers go; the main window sets
-    // it.
-    ErrorGuard* guard = nullptr;
+    // guard: where run-time errors of this page's handlers go (none for a
+    // page built on its own, whose errors reach its caller).
+    ProfilePage(Session& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
-    ProfilePage(Session& session, Seams& seams, QWidget* parent = nullptr);
+    ErrorGuard* const guard;
 
     // Reads the controls into the session's profile, tells an under-age user
     // so, and reports the outcome through profileValidated.

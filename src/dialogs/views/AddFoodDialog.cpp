@@ -55,8 +55,8 @@ QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int ma
 
 }  // namespace
 
-AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, QWidget* parent)
-    : FoodTableDialog(session, seams, kTopicAddCustomFood, parent)
+AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+    : FoodTableDialog(session, seams, guard, kTopicAddCustomFood, parent)
 {
     BuildControls();
     connect(comPrimary, &QComboBox::activated, this, Guarded([this] { comPrimary_Click(); }));

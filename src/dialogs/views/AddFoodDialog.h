@@ -26,7 +26,7 @@ struct Session;
 class AddFoodDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    AddFoodDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
+    AddFoodDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     // Bit 0 description, bit 1 measure, bits 2..8 the nutrient boxes that
     // hold a number; Add is offered at kAllFieldsFilled.

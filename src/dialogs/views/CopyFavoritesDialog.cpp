@@ -18,8 +18,8 @@ namespace {
 
 }  // namespace
 
-CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, QWidget* parent)
-    : FavoritesDialog(session, seams, kTopicCopyToFavorites, parent)
+CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+    : FavoritesDialog(session, seams, guard, kTopicCopyToFavorites, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));

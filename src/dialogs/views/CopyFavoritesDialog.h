@@ -22,7 +22,7 @@ struct Session;
 class CopyFavoritesDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    CopyFavoritesDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
+    CopyFavoritesDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     // The food to copy as the chooser names it; set before each opening.
     struct ChosenFood {

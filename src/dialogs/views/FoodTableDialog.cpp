@@ -15,8 +15,9 @@
 
 namespace pw {
 
-FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, int helpContext, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams), helpContext_(helpContext)
+FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, ErrorGuard* errorGuard, int helpContext,
+                                 QWidget* parent)
+    : QDialog(parent), guard(errorGuard), session_(session), seams_(seams), helpContext_(helpContext)
 {
     // F1 opens the dialog's topic, as its Help button does.
     new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });

@@ -24,9 +24,8 @@ struct Session;
 class FoodTableDialog : public QDialog {
     Q_OBJECT
 public:
-    // Where run-time errors of the handlers go; the main window hands on
-    // its own.
-    ErrorGuard* guard = nullptr;
+    // Where run-time errors of the handlers go: the main window's own.
+    ErrorGuard* const guard;
 
 public slots:
     // Closing the window or Escape leave as Cancel does.
@@ -37,7 +36,7 @@ signals:
     void foodTableChanged();
 
 protected:
-    FoodTableDialog(Session& session, Seams& seams, int helpContext, QWidget* parent);
+    FoodTableDialog(Session& session, Seams& seams, ErrorGuard* guard, int helpContext, QWidget* parent);
 
     void showEvent(QShowEvent* event) override;
     // Runs at each opening (not when a window manager restores the window).

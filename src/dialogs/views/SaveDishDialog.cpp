@@ -20,8 +20,8 @@ namespace {
 
 }  // namespace
 
-SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, QWidget* parent)
-    : FavoritesDialog(session, seams, kTopicFavoritesAndDishes, parent)
+SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+    : FavoritesDialog(session, seams, guard, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();
     connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));

@@ -18,7 +18,7 @@ struct Session;
 class SaveDishDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    SaveDishDialog(Session& session, Seams& seams, QWidget* parent = nullptr);
+    SaveDishDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     QLineEdit* txtMeasure = nullptr;
     QPushButton* btnSaveList = nullptr;

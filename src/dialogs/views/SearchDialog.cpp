@@ -70,8 +70,8 @@ constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Descr
 
 }  // namespace
 
-SearchDialog::SearchDialog(const Session& session, Seams& seams, QWidget* parent)
-    : QDialog(parent), session_(session), seams_(seams)
+SearchDialog::SearchDialog(const Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+    : QDialog(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();
     connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });

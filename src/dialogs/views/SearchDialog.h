@@ -24,19 +24,19 @@ struct Session;
 class SearchDialog : public QDialog {
     Q_OBJECT
 public:
-    // Where run-time errors of the handlers go; the chooser that opens the
-    // dialog hands on its own.
-    ErrorGuard* guard = nullptr;
+    // guard: where run-time errors of the handlers go; the chooser that
+    // opens the dialog hands on its own.
+    SearchDialog(const Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
-    SearchDialog(const Session& session, Seams& seams, QWidget* parent = nullptr);
+    ErrorGuard* const guard;
 
-    // Grid rows listed by the last search, and the row last moved to
-    // (1-based, 0 when none).
 signals:
     // Accept: the food at this FoodTable index, to be shown without a measure.
     void foodChosen(int index);
 
 public:
+    // Grid rows listed by the last search, and the row last moved to
+    // (1-based, 0 when none).
     int ResultCount() const { return static_cast<int>(results_.size()); }
     int SelectedResult() const { return selectedResult_; }
 

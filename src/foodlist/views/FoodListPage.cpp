@@ -53,8 +53,8 @@ constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodListPage::FoodListPage(Session& session, Seams& seams, QWidget* parent)
-    : QWidget(parent), session_(session), seams_(seams)
+FoodListPage::FoodListPage(Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();
 
@@ -353,10 +353,9 @@ void FoodListPage::btnSearch_Click()
     // Window-modal over the main window: nothing there takes input while
     // the dialog is open.
     if (!frmSearch) {
-        frmSearch = new SearchDialog(session_, seams_, window());
+        frmSearch = new SearchDialog(session_, seams_, guard, window());
         connect(frmSearch, &SearchDialog::foodChosen, this, &FoodListPage::ShowFoundFood);
     }
-    frmSearch->guard = guard;
     frmSearch->open();
 }
 

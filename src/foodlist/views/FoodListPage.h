@@ -37,11 +37,11 @@ signals:
     void deleteRequested();
 
 public:
-    // Where run-time errors of this page's handlers go; the main window sets
-    // it.
-    ErrorGuard* guard = nullptr;
+    // guard: where run-time errors of this page's handlers go (none for a
+    // page built on its own, whose errors reach its caller).
+    FoodListPage(Session& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
-    FoodListPage(Session& session, Seams& seams, QWidget* parent = nullptr);
+    ErrorGuard* const guard;
 
     void SetHooks(ChooserHooks hooks);
 

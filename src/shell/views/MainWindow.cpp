@@ -223,10 +223,8 @@ void MainWindow::BuildCentre()
 
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
-    profilePage = new ProfilePage(session_, seams_, tabMain);
-    profilePage->guard = &guard_;
-    foodListPage = new FoodListPage(session_, seams_, tabMain);
-    foodListPage->guard = &guard_;
+    profilePage = new ProfilePage(session_, seams_, &guard_, tabMain);
+    foodListPage = new FoodListPage(session_, seams_, &guard_, tabMain);
     foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
                             [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
                             [this] { return ViewByUnits(); }});
@@ -489,17 +487,16 @@ void MainWindow::mnuAddCustomItem_Click()
         return;
     }
     if (!frmAdd) {
-        frmAdd = new AddFoodDialog(session_, seams_, this);
+        frmAdd = new AddFoodDialog(session_, seams_, &guard_, this);
         connect(frmAdd, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
     }
-    frmAdd->guard = &guard_;
     frmAdd->open();
 }
 
 void MainWindow::mnuSaveAsDish_Click()
 {
     if (!frmSaveList) {
-        frmSaveList = new SaveDishDialog(session_, seams_, this);
+        frmSaveList = new SaveDishDialog(session_, seams_, &guard_, this);
         connect(frmSaveList, &SaveDishDialog::dishSaved, this, [this](bool clearList) {
             if (clearList)
                 listGrid->ClearGrid();
@@ -508,7 +505,6 @@ void MainWindow::mnuSaveAsDish_Click()
             foodListPage->DisableTiers();
         });
     }
-    frmSaveList->guard = &guard_;
     frmSaveList->open();
 }
 
@@ -519,12 +515,11 @@ void MainWindow::mnuCopyToFavorites_Click()
         return;
     }
     if (!frmCopy) {
-        frmCopy = new CopyFavoritesDialog(session_, seams_, this);
+        frmCopy = new CopyFavoritesDialog(session_, seams_, &guard_, this);
         connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
     }
     frmCopy->SetChosenFood({foodListPage->comTier1->currentText(), foodListPage->comTier2->currentText(),
                             foodListPage->comTier3->currentText()});
-    frmCopy->guard = &guard_;
     frmCopy->open();
 }
 
