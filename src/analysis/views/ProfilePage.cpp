@@ -90,8 +90,8 @@ ProfilePage::ProfilePage(Session& session, Seams& seams, ErrorGuard* errorGuard,
     BuildControls();
     ShowGuidance();
 
-    connect(txtName, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtName_Change(); }); });
-    connect(txtYOB, &QLineEdit::textChanged, this, [this] { RunGuarded(guard, [this] { txtYOB_Change(); }); });
+    ConnectGuarded(txtName, &QLineEdit::textChanged, this, &ProfilePage::txtName_Change, guard);
+    ConnectGuarded(txtYOB, &QLineEdit::textChanged, this, &ProfilePage::txtYOB_Change, guard);
     for (QLineEdit* box : {txtName, txtYOB, txtHeight, txtWeight})
         box->installEventFilter(this);
     for (int i = 0; i < kMeasurementOptions; ++i)
@@ -109,10 +109,10 @@ ProfilePage::ProfilePage(Session& session, Seams& seams, ErrorGuard* errorGuard,
             if (on)
                 RunGuarded(guard, [this] { optLifestyle_Click(); });
         });
-    connect(btnNewProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewProfile_Click(); }); });
-    connect(btnLoadProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnLoadProfile_Click(); }); });
-    connect(btnSaveProfile, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSaveProfile_Click(); }); });
-    connect(btnTab1Help, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnTab1Help_Click(); }); });
+    ConnectGuarded(btnNewProfile, &QPushButton::clicked, this, &ProfilePage::btnNewProfile_Click, guard);
+    ConnectGuarded(btnLoadProfile, &QPushButton::clicked, this, &ProfilePage::btnLoadProfile_Click, guard);
+    ConnectGuarded(btnSaveProfile, &QPushButton::clicked, this, &ProfilePage::btnSaveProfile_Click, guard);
+    ConnectGuarded(btnTab1Help, &QPushButton::clicked, this, &ProfilePage::btnTab1Help_Click, guard);
 }
 
 void ProfilePage::BuildControls()

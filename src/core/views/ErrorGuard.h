@@ -1,6 +1,7 @@
 #pragma once
 // Where a run-time error from the model ends up: one critical message that
 // names it, and the end of the program without writing any file.
+#include <QObject>
 #include <exception>
 #include <functional>
 #include <utility>
@@ -60,6 +61,17 @@ void RunGuarded(ErrorGuard* guard, Work&& work)
         guard->Run(std::forward<Work>(work));
     else
         std::forward<Work>(work)();
+}
+
+// Connects a signal to a handler of receiver (a member function taking no
+// arguments) that runs inside guard: the one way the windows wire their
+// controls, instead of a wrapper lambda at every connection.
+template <class Sender, class Signal, class Receiver>
+QMetaObject::Connection ConnectGuarded(Sender* sender, Signal signal, Receiver* receiver, void (Receiver::*handler)(),
+                                       ErrorGuard* guard)
+{
+    return QObject::connect(sender, signal, receiver,
+                            [receiver, handler, guard] { RunGuarded(guard, [&] { (receiver->*handler)(); }); });
 }
 
 }  // namespace pw

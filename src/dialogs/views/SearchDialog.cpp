@@ -74,16 +74,15 @@ SearchDialog::SearchDialog(const Session& session, Seams& seams, ErrorGuard* err
     : QDialog(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();
-    connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
-    connect(btnNewSearch, &QPushButton::clicked, this,
-            [this] { RunGuarded(guard, [this] { btnNewSearch_Click(); }); });
-    connect(btnAccept, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnAccept_Click(); }); });
-    connect(btnCancel, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnCancel_Click(); }); });
-    connect(btnHelp, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
+    ConnectGuarded(btnSearch, &QPushButton::clicked, this, &SearchDialog::btnSearch_Click, guard);
+    ConnectGuarded(btnNewSearch, &QPushButton::clicked, this, &SearchDialog::btnNewSearch_Click, guard);
+    ConnectGuarded(btnAccept, &QPushButton::clicked, this, &SearchDialog::btnAccept_Click, guard);
+    ConnectGuarded(btnCancel, &QPushButton::clicked, this, &SearchDialog::btnCancel_Click, guard);
+    ConnectGuarded(btnHelp, &QPushButton::clicked, this, &SearchDialog::btnHelp_Click, guard);
     connect(gridSearch, &QTableWidget::currentCellChanged, this,
             [this](int row) { RunGuarded(guard, [this, row] { gridSearch_RowColChange(row); }); });
     // Text pasted or cut with the mouse follows the same rule as typing.
-    connect(txtSearch, &QLineEdit::textEdited, this, [this] { RunGuarded(guard, [this] { txtSearch_KeyUp(); }); });
+    ConnectGuarded(txtSearch, &QLineEdit::textEdited, this, &SearchDialog::txtSearch_KeyUp, guard);
     txtSearch->installEventFilter(this);
     // A result double-clicked, or Enter on the result moved to, is taken as
     // Accept takes it.

@@ -42,8 +42,8 @@ FoodListGrid::FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QT
     : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
       hooks_(std::move(hooks))
 {
-    connect(&chooser_, &FoodListPage::acceptRequested, this, [this] { guard_.Run([&] { btnAcceptItem_Click(); }); });
-    connect(&chooser_, &FoodListPage::deleteRequested, this, [this] { guard_.Run([&] { btnDeleteItem_Click(); }); });
+    ConnectGuarded(&chooser_, &FoodListPage::acceptRequested, this, &FoodListGrid::btnAcceptItem_Click, &guard_);
+    ConnectGuarded(&chooser_, &FoodListPage::deleteRequested, this, &FoodListGrid::btnDeleteItem_Click, &guard_);
 
     // A click loads the clicked row (again, when it is the current one); a
     // move of the current row by the keys loads it too. The header counts as

@@ -60,13 +60,13 @@ FoodListPage::FoodListPage(Session& session, Seams& seams, ErrorGuard* errorGuar
 
     // A user's pick arrives as activated; selections made by code do not run
     // the tier operations a second time.
-    connect(comTier0, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier0(); }); });
-    connect(comTier1, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier1(); }); });
-    connect(comTier2, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier2(); }); });
-    connect(comTier3, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { ProcessTier3(); }); });
-    connect(comQuantity, &QComboBox::activated, this, [this] { RunGuarded(guard, [this] { comQuantity_Click(); }); });
-    connect(btnNewItem, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnNewItem_Click(); }); });
-    connect(btnSearch, &QPushButton::clicked, this, [this] { RunGuarded(guard, [this] { btnSearch_Click(); }); });
+    ConnectGuarded(comTier0, &QComboBox::activated, this, &FoodListPage::ProcessTier0, guard);
+    ConnectGuarded(comTier1, &QComboBox::activated, this, &FoodListPage::ProcessTier1, guard);
+    ConnectGuarded(comTier2, &QComboBox::activated, this, &FoodListPage::ProcessTier2, guard);
+    ConnectGuarded(comTier3, &QComboBox::activated, this, &FoodListPage::ProcessTier3, guard);
+    ConnectGuarded(comQuantity, &QComboBox::activated, this, &FoodListPage::comQuantity_Click, guard);
+    ConnectGuarded(btnNewItem, &QPushButton::clicked, this, &FoodListPage::btnNewItem_Click, guard);
+    ConnectGuarded(btnSearch, &QPushButton::clicked, this, &FoodListPage::btnSearch_Click, guard);
     connect(btnAcceptItem, &QPushButton::clicked, this, &FoodListPage::acceptRequested);
     connect(btnDeleteItem, &QPushButton::clicked, this, &FoodListPage::deleteRequested);
     // Keys reach the combo first and its line edit without another filter
