@@ -31,7 +31,7 @@ struct Program {
         page().btnSearch->click();
     }
     FoodListPage& page() const { return *h.main->foodListPage; }
-    SearchDialog& d() const { return *page().frmSearch; }
+    SearchDialog& d() const { return *h.main->frmSearch; }
     void Search(const QString& term) const
     {
         QTest::keyClicks(d().txtSearch, term);
@@ -123,7 +123,7 @@ private slots:
         // The same dialog again, with nothing of the last search.
         page.btnNewItem->click();
         page.btnSearch->click();
-        QCOMPARE(page.frmSearch, &d);
+        QCOMPARE(p.h.main->frmSearch, &d);
         p.VerifyReady();
         QVERIFY(p.Messages().empty());
 

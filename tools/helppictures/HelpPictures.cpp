@@ -186,7 +186,7 @@ int main(int argc, char** argv)
     // The search window with results and one of them picked.
     chooser.btnNewItem->click();
     chooser.btnSearch->click();
-    if (SearchDialog* search = chooser.frmSearch) {
+    if (SearchDialog* search = main->frmSearch) {
         search->txtSearch->setText(QStringLiteral("oat"));
         search->btnSearch->setEnabled(true);
         search->btnSearch->click();

@@ -15,7 +15,6 @@
 #include <QVBoxLayout>
 
 #include "core/Numeric.h"
-#include "dialogs/views/SearchDialog.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/ChooserTexts.h"
 #include "foodlist/FoodListTexts.h"
@@ -350,13 +349,9 @@ void FoodListPage::btnNewItem_Click()
 
 void FoodListPage::btnSearch_Click()
 {
-    // Window-modal over the main window: nothing there takes input while
-    // the dialog is open.
-    if (!frmSearch) {
-        frmSearch = new SearchDialog(session_, seams_, guard, window());
-        connect(frmSearch, &SearchDialog::foodChosen, this, &FoodListPage::ShowFoundFood);
-    }
-    frmSearch->open();
+    // The main window opens its search dialog; a food found comes back
+    // through ShowFoundFood.
+    emit searchRequested();
 }
 
 void FoodListPage::NewItem()

@@ -16,7 +16,6 @@ class QPushButton;
 namespace pw {
 
 class ErrorGuard;
-class SearchDialog;
 
 struct Seams;
 struct Session;
@@ -35,6 +34,8 @@ signals:
     // "Add to List"/"Change" and "Delete from List": the list acts on them.
     void acceptRequested();
     void deleteRequested();
+    // "Search": the search dialog is wanted.
+    void searchRequested();
 
 public:
     // guard: where run-time errors of this page's handlers go (none for a
@@ -116,8 +117,6 @@ public:
     QPushButton* btnAcceptItem = nullptr;
     QPushButton* btnDeleteItem = nullptr;
     QPushButton* btnTab2Help = nullptr;
-    // Opened by btnSearch; created on first use and kept.
-    SearchDialog* frmSearch = nullptr;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -31,6 +31,7 @@
 #include "dialogs/views/AddFoodDialog.h"
 #include "dialogs/views/CopyFavoritesDialog.h"
 #include "dialogs/views/SaveDishDialog.h"
+#include "dialogs/views/SearchDialog.h"
 #include "fooddb/DataFile.h"
 #include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
@@ -225,6 +226,15 @@ void MainWindow::BuildCentre()
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, &guard_, tabMain);
     foodListPage = new FoodListPage(session_, seams_, &guard_, tabMain);
+    // Window-modal over the main window: nothing there takes input while
+    // the search dialog is open.
+    connect(foodListPage, &FoodListPage::searchRequested, this, [this] {
+        if (!frmSearch) {
+            frmSearch = new SearchDialog(session_, seams_, &guard_, this);
+            connect(frmSearch, &SearchDialog::foodChosen, foodListPage, &FoodListPage::ShowFoundFood);
+        }
+        frmSearch->open();
+    });
     foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
                             [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
                             [this] { return ViewByUnits(); }});

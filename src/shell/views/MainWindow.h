@@ -19,6 +19,7 @@ class AddFoodDialog;
 class AnalysisFileCommands;
 class AnalysisPage;
 class CopyFavoritesDialog;
+class SearchDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodListPage;
@@ -75,6 +76,8 @@ public:
     AddFoodDialog* frmAdd = nullptr;
     SaveDishDialog* frmSaveList = nullptr;
     CopyFavoritesDialog* frmCopy = nullptr;
+    // Opened by the chooser's Search button; created on first use and kept.
+    SearchDialog* frmSearch = nullptr;
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
