@@ -4,6 +4,7 @@ list(APPEND MODEL_SOURCES
 list(APPEND VIEW_SOURCES
   src/dialogs/views/AddFoodDialog.cpp
   src/dialogs/views/CopyFavoritesDialog.cpp
+  src/dialogs/views/DatabaseCommands.cpp
   src/dialogs/views/FavoritesDialog.cpp
   src/dialogs/views/FoodTableDialog.cpp
   src/dialogs/views/SaveDishDialog.cpp

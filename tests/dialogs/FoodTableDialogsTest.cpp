@@ -14,6 +14,7 @@
 #include "WindowTestSupport.h"
 #include "dialogs/views/AddFoodDialog.h"
 #include "dialogs/views/CopyFavoritesDialog.h"
+#include "dialogs/views/DatabaseCommands.h"
 #include "dialogs/views/SaveDishDialog.h"
 #include "fooddb/FoodGroups.h"
 #include "foodlist/views/FoodListPage.h"
@@ -78,7 +79,7 @@ private slots:
     {
         Program p;
         p.Trigger("mnuAddCustomItem");
-        AddFoodDialog& d = *p.h.main->frmAdd;
+        AddFoodDialog& d = *p.h.main->database->frmAdd;
         QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
         QCOMPARE(d.comPrimary->count(), kGroupCount);
         QCOMPARE(d.comPrimary->itemText(11), QStringLiteral("Nuts, Seeds, Lugumes, Beans"));
@@ -126,7 +127,7 @@ private slots:
                 QCOMPARE(brie, 5);  // capitalised, before Cheddar
                 QCOMPARE(p.table().Values(brie), (NutrientValues{46, 5, 2, 2, 30, 1, 10, 238, 0}));
                 p.Trigger("mnuAddCustomItem");
-                QCOMPARE(p.h.main->frmAdd, &d);
+                QCOMPARE(p.h.main->database->frmAdd, &d);
             } else {
                 p.Said("\"Cheese / Brie /  1 oz\"\r\nalready exists in the database.", "Not added to database",
                        MsgIcon::Exclamation);
@@ -149,7 +150,7 @@ private slots:
     {
         Program p;
         p.Trigger("mnuAddCustomItem");
-        AddFoodDialog& d = *p.h.main->frmAdd;
+        AddFoodDialog& d = *p.h.main->database->frmAdd;
         d.comPrimary->setCurrentIndex(3);
         emit d.comPrimary->activated(3);
         // Pasted control characters go; accents stay; what Latin-1 cannot
@@ -181,7 +182,7 @@ private slots:
         p.AddToList(kCheddar);
         const NutrientValues totals = p.h.session.foodList.Totals();
         p.h.main->mnuSaveAsDish_Click();
-        SaveDishDialog& d = *p.h.main->frmSaveList;
+        SaveDishDialog& d = *p.h.main->database->frmSaveList;
         QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
         QCOMPARE(d.comSubgroup->count(), 1);
         QCOMPARE(d.comSubgroup->itemText(0), QStringLiteral("My Favorites"));
@@ -219,7 +220,7 @@ private slots:
         Program p;
         p.Choose(kCheddar);
         p.Trigger("mnuCopyToFavorites");
-        CopyFavoritesDialog& d = *p.h.main->frmCopy;
+        CopyFavoritesDialog& d = *p.h.main->database->frmCopy;
         QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
         QVERIFY(d.comSubgroup->currentText().isEmpty() && !d.btnCopy->isEnabled());
         QCOMPARE(d.txtDescription->text(), QStringLiteral("Cheddar"));
@@ -263,13 +264,13 @@ private slots:
         p.Choose(kCheddar);
         p.Trigger("mnuCopyToFavorites");
         p.Said(full, "No room in database", MsgIcon::Critical);
-        QVERIFY(!p.h.main->frmAdd && !p.h.main->frmCopy);
+        QVERIFY(!p.h.main->database->frmAdd && !p.h.main->database->frmCopy);
 
         // Saving a dish is offered without the test, and refused on saving.
         p.AddToList(kButter);
         p.AddToList(kCheddar);
         p.h.main->mnuSaveAsDish_Click();
-        SaveDishDialog& d = *p.h.main->frmSaveList;
+        SaveDishDialog& d = *p.h.main->database->frmSaveList;
         for (QLineEdit* box : {d.comSubgroup->lineEdit(), d.txtDescription, d.txtMeasure})
             QTest::keyClicks(box, QStringLiteral("Dish"));
         d.btnSaveList->click();

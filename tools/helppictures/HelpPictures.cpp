@@ -27,6 +27,7 @@
 #include "core/Text.h"
 #include "dialogs/views/AddFoodDialog.h"
 #include "dialogs/views/CopyFavoritesDialog.h"
+#include "dialogs/views/DatabaseCommands.h"
 #include "FakeSeams.h"
 #include "dialogs/views/SaveDishDialog.h"
 #include "dialogs/views/SearchDialog.h"
@@ -197,7 +198,7 @@ int main(int argc, char** argv)
     }
 
     main->mnuAddCustomItem->trigger();
-    if (AddFoodDialog* add = main->frmAdd) {
+    if (AddFoodDialog* add = main->database->frmAdd) {
         // Filled in as a person would fill it from a package's label.
         const int snacks = add->comPrimary->findText(QStringLiteral("Snacks"));
         add->comPrimary->setCurrentIndex(snacks);
@@ -216,7 +217,7 @@ int main(int argc, char** argv)
     }
 
     main->mnuSaveAsDish->trigger();
-    if (SaveDishDialog* dish = main->frmSaveList) {
+    if (SaveDishDialog* dish = main->database->frmSaveList) {
         dish->comSubgroup->setEditText(QStringLiteral("Breakfast"));
         dish->txtDescription->setText(QStringLiteral("Usual breakfast"));
         dish->txtMeasure->setText(QStringLiteral("1 breakfast"));
@@ -226,7 +227,7 @@ int main(int argc, char** argv)
 
     Choose(chooser, FindFood(table, "Fruits", "Bananas", "Raw", "1 medium"), " 1");
     main->mnuCopyToFavorites->trigger();
-    if (CopyFavoritesDialog* copy = main->frmCopy) {
+    if (CopyFavoritesDialog* copy = main->database->frmCopy) {
         copy->comSubgroup->setEditText(QStringLiteral("Snacks"));
         copy->txtDescription->setText(QStringLiteral("Banana"));
         pictures.Save(copy, "copyfavorites.png");

@@ -28,9 +28,7 @@
 #include "analysis/views/ProfilePage.h"
 #include "core/LineFile.h"
 #include "core/Text.h"
-#include "dialogs/views/AddFoodDialog.h"
-#include "dialogs/views/CopyFavoritesDialog.h"
-#include "dialogs/views/SaveDishDialog.h"
+#include "dialogs/views/DatabaseCommands.h"
 #include "dialogs/views/SearchDialog.h"
 #include "fooddb/DataFile.h"
 #include "fooddb/FoodEditing.h"
@@ -255,7 +253,9 @@ void MainWindow::BuildCentre()
     // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
     auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(helpKey, &QShortcut::activated, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2)); });
+            [this] {
+                ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2));
+            });
 
     gridMain = new QTableWidget(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
@@ -283,6 +283,20 @@ void MainWindow::BuildCentre()
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
     listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, *foodListPage,
                                         *listGrid, this);
+
+    ChooserLink chooser;
+    chooser.tierText = [this](int tier) {
+        const QComboBox* tiers[] = {foodListPage->comTier0, foodListPage->comTier1, foodListPage->comTier2,
+                                    foodListPage->comTier3};
+        return tiers[std::clamp(tier, 0, 3)]->currentText();
+    };
+    chooser.measureCount = [this] { return foodListPage->comTier3->count(); };
+    chooser.disableTiers = [this] { foodListPage->DisableTiers(); };
+    chooser.rebuildTierMap = [this] { foodListPage->RebuildTierMap(); };
+    database = new DatabaseCommands(session_, seams_, guard_, std::move(chooser), *this);
+    connect(database, &DatabaseCommands::clearListRequested, listGrid, &FoodListGrid::ClearGrid);
+    connect(database, &DatabaseCommands::dishSaved, this, [this] { mnuSaveAsDish->setEnabled(false); });
+    connect(database, &DatabaseCommands::deleteRefused, this, [this] { mnuDeleteFromDatabase->setEnabled(false); });
 }
 
 int MainWindow::DpiX() const { return logicalDpiX() > 0 ? logicalDpiX() : 96; }
@@ -358,7 +372,8 @@ void MainWindow::Form_Load()
         session_.tutorialPending = false;
         if (seams_.prompts.Message(QString::fromLatin1(kTutorialQuestion), QString::fromLatin1(kTutorialTitle),
                                    MsgIcon::Question, MsgButtons::YesNo) == MsgResult::Yes)
-            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext, kTopicQuickTutorial);
+            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext,
+                                 kTopicQuickTutorial);
     }
 }
 
@@ -482,88 +497,13 @@ void MainWindow::mnuAbout_Click()
     aboutBox->open();
 }
 
-void MainWindow::DatabaseMaxedOut() { TellDatabaseFull(seams_.prompts); }
+void MainWindow::mnuAddCustomItem_Click() { database->AddCustomItem(); }
 
-void MainWindow::FoodTableChanged()
-{
-    foodListPage->RebuildTierMap();
-    foodListPage->DisableTiers();
-}
+void MainWindow::mnuSaveAsDish_Click() { database->SaveAsDish(); }
 
-void MainWindow::mnuAddCustomItem_Click()
-{
-    if (session_.foodTable.IsFull()) {
-        DatabaseMaxedOut();
-        return;
-    }
-    if (!frmAdd) {
-        frmAdd = new AddFoodDialog(session_, seams_, &guard_, this);
-        connect(frmAdd, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
-    }
-    frmAdd->open();
-}
+void MainWindow::mnuCopyToFavorites_Click() { database->CopyToFavorites(); }
 
-void MainWindow::mnuSaveAsDish_Click()
-{
-    if (!frmSaveList) {
-        frmSaveList = new SaveDishDialog(session_, seams_, &guard_, this);
-        connect(frmSaveList, &SaveDishDialog::dishSaved, this, [this](bool clearList) {
-            if (clearList)
-                listGrid->ClearGrid();
-            foodListPage->RebuildTierMap();
-            mnuSaveAsDish->setEnabled(false);
-            foodListPage->DisableTiers();
-        });
-    }
-    frmSaveList->open();
-}
-
-void MainWindow::mnuCopyToFavorites_Click()
-{
-    if (session_.foodTable.IsFull()) {
-        DatabaseMaxedOut();
-        return;
-    }
-    if (!frmCopy) {
-        frmCopy = new CopyFavoritesDialog(session_, seams_, &guard_, this);
-        connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &MainWindow::FoodTableChanged);
-    }
-    frmCopy->SetChosenFood({foodListPage->comTier1->currentText(), foodListPage->comTier2->currentText(),
-                            foodListPage->comTier3->currentText()});
-    frmCopy->open();
-}
-
-void MainWindow::mnuDeleteFromDatabase_Click()
-{
-    FoodListPage& chooser = *foodListPage;
-    const std::string title = texts::kTitleDeleteFromDatabase;
-    // The chosen description with all its measures, the run the measure
-    // tier lists.
-    const int first = session_.tierMap.Get(0, 3);
-    const int n = chooser.comTier3->count();
-    if (n < 1)
-        return;
-    const FoodList& list = session_.foodList;
-    for (int row = 1; row <= list.Count(); ++row) {
-        const int index = list.Entry(row).foodIndex;
-        if (index >= first && index <= first + n - 1) {
-            seams_.prompts.Message(std::string(texts::kDeleteFoodInUse), title, MsgIcon::Exclamation);
-            mnuDeleteFromDatabase->setEnabled(false);
-            return;
-        }
-    }
-    const auto text = [](const QComboBox* combo) { return combo->currentText().toLatin1().toStdString(); };
-    const std::string question =
-        DeleteFoodQuestion(text(chooser.comTier0), text(chooser.comTier1), text(chooser.comTier2));
-    if (seams_.prompts.Message(question, title, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
-        seams_.prompts.Message(std::string(texts::kDeletionCanceled), title, MsgIcon::Information);
-        return;
-    }
-    DeleteFoods(session_.foodTable, first, n);
-    chooser.DisableTiers();
-    seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
-    chooser.RebuildTierMap();
-}
+void MainWindow::mnuDeleteFromDatabase_Click() { database->DeleteFromDatabase(); }
 
 void MainWindow::mnuPlatewellWeb_Click()
 {

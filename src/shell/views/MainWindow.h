@@ -15,10 +15,9 @@ class QTableWidget;
 namespace pw {
 
 class AboutBox;
-class AddFoodDialog;
 class AnalysisFileCommands;
 class AnalysisPage;
-class CopyFavoritesDialog;
+class DatabaseCommands;
 class SearchDialog;
 class ErrorGuard;
 class FoodListGrid;
@@ -27,7 +26,6 @@ class NutrientChart;
 class ReportCommands;
 struct ReportSource;
 class ProfilePage;
-class SaveDishDialog;
 struct Seams;
 struct Session;
 
@@ -55,10 +53,6 @@ public:
     // The grid's header and every row of the list.
     void RefreshGrid();
     bool ViewByUnits() const;
-    // The message that the food table holds its 4,000 foods.
-    void DatabaseMaxedOut();
-    // After a dialog changed the food table: the chooser is rebuilt and reset.
-    void FoodTableChanged();
     // Opens the dialog that saves the list as a dish, with no capacity
     // test: a full table is reported when the dish is saved.
     void mnuSaveAsDish_Click();
@@ -72,10 +66,8 @@ public:
     NutrientChart* chartNutrients = nullptr;  // on the analysis tab
     AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
     AboutBox* aboutBox = nullptr;  // created on first use
-    // The dialogs that add foods to the table, created on first use.
-    AddFoodDialog* frmAdd = nullptr;
-    SaveDishDialog* frmSaveList = nullptr;
-    CopyFavoritesDialog* frmCopy = nullptr;
+    // The Database menu: the dialogs that change the food table, and deleting.
+    DatabaseCommands* database = nullptr;
     // Opened by the chooser's Search button; created on first use and kept.
     SearchDialog* frmSearch = nullptr;
 

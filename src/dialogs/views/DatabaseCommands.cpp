@@ -1,0 +1,101 @@
+#include "dialogs/views/DatabaseCommands.h"
+
+#include <QWidget>
+
+#include "core/views/ErrorGuard.h"
+#include "core/views/Seams.h"
+#include "core/views/Widgets.h"
+#include "dialogs/views/AddFoodDialog.h"
+#include "dialogs/views/CopyFavoritesDialog.h"
+#include "dialogs/views/SaveDishDialog.h"
+#include "fooddb/FoodEditing.h"
+#include "shell/Session.h"
+
+namespace pw {
+
+DatabaseCommands::DatabaseCommands(Session& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser,
+                                   QWidget& window)
+    : QObject(&window), session_(session), seams_(seams), guard_(guard), chooser_(std::move(chooser)),
+      window_(window)
+{
+}
+
+void DatabaseCommands::FoodTableChanged()
+{
+    chooser_.rebuildTierMap();
+    chooser_.disableTiers();
+}
+
+void DatabaseCommands::AddCustomItem()
+{
+    if (session_.foodTable.IsFull()) {
+        TellDatabaseFull(seams_.prompts);
+        return;
+    }
+    if (!frmAdd) {
+        frmAdd = new AddFoodDialog(session_, seams_, &guard_, &window_);
+        connect(frmAdd, &FoodTableDialog::foodTableChanged, this, &DatabaseCommands::FoodTableChanged);
+    }
+    frmAdd->open();
+}
+
+void DatabaseCommands::SaveAsDish()
+{
+    if (!frmSaveList) {
+        frmSaveList = new SaveDishDialog(session_, seams_, &guard_, &window_);
+        connect(frmSaveList, &SaveDishDialog::dishSaved, this, [this](bool clearList) {
+            if (clearList)
+                emit clearListRequested();
+            chooser_.rebuildTierMap();
+            emit dishSaved();
+            chooser_.disableTiers();
+        });
+    }
+    frmSaveList->open();
+}
+
+void DatabaseCommands::CopyToFavorites()
+{
+    if (session_.foodTable.IsFull()) {
+        TellDatabaseFull(seams_.prompts);
+        return;
+    }
+    if (!frmCopy) {
+        frmCopy = new CopyFavoritesDialog(session_, seams_, &guard_, &window_);
+        connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &DatabaseCommands::FoodTableChanged);
+    }
+    frmCopy->SetChosenFood({chooser_.tierText(1), chooser_.tierText(2), chooser_.tierText(3)});
+    frmCopy->open();
+}
+
+void DatabaseCommands::DeleteFromDatabase()
+{
+    const std::string title = texts::kTitleDeleteFromDatabase;
+    // The chosen description with all its measures, the run the measure
+    // tier lists.
+    const int first = session_.tierMap.Get(0, 3);
+    const int n = chooser_.measureCount();
+    if (n < 1)
+        return;
+    const FoodList& list = session_.foodList;
+    for (int row = 1; row <= list.Count(); ++row) {
+        const int index = list.Entry(row).foodIndex;
+        if (index >= first && index <= first + n - 1) {
+            seams_.prompts.Message(std::string(texts::kDeleteFoodInUse), title, MsgIcon::Exclamation);
+            emit deleteRefused();
+            return;
+        }
+    }
+    const std::string question = DeleteFoodQuestion(ToLatin1(chooser_.tierText(0)), ToLatin1(chooser_.tierText(1)),
+                                                    ToLatin1(chooser_.tierText(2)));
+    if (seams_.prompts.Message(question, title, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
+        seams_.prompts.Message(std::string(texts::kDeletionCanceled), title, MsgIcon::Information);
+        return;
+    }
+    DeleteFoods(session_.foodTable, first, n);
+    chooser_.disableTiers();
+    seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
+    chooser_.rebuildTierMap();
+}
+
+}  // namespace pw
