@@ -1,6 +1,6 @@
 #pragma once
 // Files are read and written whole. Lines end with CR LF; a reader also ends
-// a line at a lone CR, as the sequential-file input of the original did.
+// a line at a lone CR or LF, so files edited elsewhere still read.
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
-// The one kind of fault the model raises: what the run-time of the original
-// program would have stopped with (overflow, subscript out of range, ...).
+// The one kind of fault the model raises: a value out of its fixed range
+// (overflow, subscript out of range, a character code outside 0..255, ...).
 // The views catch it at the top of the event loop, show one critical message
 // naming it and end the program without writing any file.
 #include <stdexcept>
