@@ -307,6 +307,14 @@ private slots:
         QCOMPARE(p.page().comTier0->findText(QStringLiteral("Fruits")), -1);
         QCOMPARE(p.table().Group(8), std::string("Vegetables"));
         QCOMPARE(p.table().Record(2).description, beer);
+
+        // Deleting a food before the listed one moves it down: its row still
+        // names it, and so it still cannot be deleted.
+        p.Choose({"Beverages", "Beer", "Regular", "12 fl oz"});
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        p.Trigger("mnuDeleteFromDatabase");
+        const int listed = p.h.session.foodList.Entry(1).foodIndex;
+        QCOMPARE(p.table().Description(listed) + "/" + p.table().Measure(listed), std::string("Salted/1 pat"));
     }
 };
 

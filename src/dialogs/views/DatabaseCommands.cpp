@@ -22,16 +22,30 @@ DatabaseCommands::DatabaseCommands(Session& session, Seams& seams, ErrorGuard& g
 
 void DatabaseCommands::FoodTableChanged()
 {
-    chooser_.rebuildTierMap();
+    RebuildChooser();
     chooser_.disableTiers();
+}
+
+void DatabaseCommands::RebuildChooser()
+{
+    // An insert or a delete moves foods: each list row is pointed at its own
+    // food again before the chooser lists the table anew.
+    session_.foodList.RelocateEntries(session_.foodTable);
+    chooser_.rebuildTierMap();
+}
+
+bool DatabaseCommands::RefusedForFullTable()
+{
+    if (!session_.foodTable.IsFull())
+        return false;
+    TellDatabaseFull(seams_.prompts);
+    return true;
 }
 
 void DatabaseCommands::AddCustomItem()
 {
-    if (session_.foodTable.IsFull()) {
-        TellDatabaseFull(seams_.prompts);
+    if (RefusedForFullTable())
         return;
-    }
     if (!frmAdd) {
         frmAdd = new AddFoodDialog(session_, seams_, &guard_, &window_);
         connect(frmAdd, &FoodTableDialog::foodTableChanged, this, &DatabaseCommands::FoodTableChanged);
@@ -46,7 +60,7 @@ void DatabaseCommands::SaveAsDish()
         connect(frmSaveList, &SaveDishDialog::dishSaved, this, [this](bool clearList) {
             if (clearList)
                 emit clearListRequested();
-            chooser_.rebuildTierMap();
+            RebuildChooser();
             emit dishSaved();
             chooser_.disableTiers();
         });
@@ -56,10 +70,8 @@ void DatabaseCommands::SaveAsDish()
 
 void DatabaseCommands::CopyToFavorites()
 {
-    if (session_.foodTable.IsFull()) {
-        TellDatabaseFull(seams_.prompts);
+    if (RefusedForFullTable())
         return;
-    }
     if (!frmCopy) {
         frmCopy = new CopyFavoritesDialog(session_, seams_, &guard_, &window_);
         connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &DatabaseCommands::FoodTableChanged);
@@ -95,7 +107,7 @@ void DatabaseCommands::DeleteFromDatabase()
     DeleteFoods(session_.foodTable, first, n);
     chooser_.disableTiers();
     seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
-    chooser_.rebuildTierMap();
+    RebuildChooser();
 }
 
 }  // namespace pw

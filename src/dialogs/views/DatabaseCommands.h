@@ -54,8 +54,12 @@ signals:
     void deleteRefused();
 
 private:
-    // After every change of the table: the chooser rebuilt from it and reset.
+    // After every change of the table: the list's rows re-found and the
+    // chooser rebuilt from it (and, but for the delete, reset at once).
     void FoodTableChanged();
+    void RebuildChooser();
+    // A full table: the capacity message, and true.
+    bool RefusedForFullTable();
 
     Session& session_;
     Seams& seams_;

@@ -194,13 +194,7 @@ QComboBox* FoodListPage::TierCombo(int tier) const
 
 bool FoodListPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
 
-void FoodListPage::RebuildTierMap()
-{
-    SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap));
-    // Every change of the food table ends here: an insert or a delete moves
-    // foods, so each list row is pointed at its own food again.
-    session_.foodList.RelocateEntries(session_.foodTable);
-}
+void FoodListPage::RebuildTierMap() { SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap)); }
 
 void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
 {
