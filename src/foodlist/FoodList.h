@@ -66,6 +66,10 @@ private:
 // The grid's columns: Qty, Measure, Group, Subgroup, Description, then the
 // eight shown nutrients from column 5 on.
 inline constexpr int kFirstNutrientColumn = 5;
+inline constexpr int kGridColumns = 13;
+inline constexpr std::array<const char*, kGridColumns> kColumnCaptions = {
+    "Qty", "Measure", "Group", "Subgroup", "Description", "Calories", "Protein",
+    "Carbs", "Fats", "Cholest.", "Fiber", "Calcium", "Sodium"};
 
 // The text of cell column (0..12) of a row: the quantity or a food text, or
 // a nutrient as its amount with its unit ("240", "12 g", "350 mg") or as its

@@ -5,16 +5,14 @@
 #include <cstdint>
 #include <string>
 
+#include "foodlist/FoodList.h"
+
 namespace pw {
 
-inline constexpr int kGridColumns = 13;
 inline constexpr std::int32_t kDefaultWindowWidth = 7728;   // twips
 inline constexpr std::int32_t kDefaultWindowHeight = 6000;  // twips
 inline constexpr std::array<std::int32_t, kGridColumns> kDefaultColumnWidths = {
     500, 2000, 2000, 2000, 4000, 800, 800, 800, 800, 800, 800, 800, 800};
-inline constexpr std::array<const char*, kGridColumns> kColumnCaptions = {
-    "Qty", "Measure", "Group", "Subgroup", "Description", "Calories", "Protein",
-    "Carbs", "Fats", "Cholest.", "Fiber", "Calcium", "Sodium"};
 
 inline constexpr const char* kSettingsFileName = "pw.ini";
 inline constexpr const char* kViewUnits = "UNITS";

@@ -11,11 +11,9 @@
 #include "analysis/AnalysisTexts.h"
 #include "analysis/views/ProfilePage.h"
 #include "core/RunTimeError.h"
-#include "foodlist/views/FoodListGrid.h"
-#include "foodlist/views/FoodListPage.h"
 #include "foodlist/FoodListTexts.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "analysis/AnalysisSession.h"
 
 namespace pw {
 
@@ -23,7 +21,7 @@ namespace {
 
 
 
-FileDialogRequest ListFileRequest(const Session& session)
+FileDialogRequest ListFileRequest(const AnalysisSession& session)
 {
     FileDialogRequest request;
     request.initialFolder = FromNativePath(session.programFolder);
@@ -36,12 +34,12 @@ FileDialogRequest ListFileRequest(const Session& session)
 
 }  // namespace
 
-AnalysisFileCommands::AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, QTabWidget& tabs,
+AnalysisFileCommands::AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs,
                                            ProfilePage& profilePage,
-                                           AnalysisPage& analysisPage, FoodListPage& chooser, FoodListGrid& grid,
+                                           AnalysisPage& analysisPage, ListLink list,
                                            QObject* parent)
     : QObject(parent), session_(session), seams_(seams), window_(window), tabs_(tabs), profilePage_(profilePage),
-      analysisPage_(analysisPage), chooser_(chooser), grid_(grid)
+      analysisPage_(analysisPage), list_(std::move(list))
 {
 }
 
@@ -114,7 +112,7 @@ void AnalysisFileCommands::ReportNotAnAnalysisFile(const QString& path)
 
 void AnalysisFileCommands::ReadAnalysis(const QString& path)
 {
-    grid_.RefreshGrid();
+    list_.refresh();
     const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(path));
     // The profile first, whatever the order of the lines: the entries'
     // percents are taken of its daily values.
@@ -140,7 +138,7 @@ void AnalysisFileCommands::ReadAnalysis(const QString& path)
                 valid = false;  // more rows than a list holds
                 break;
             }
-            grid_.AppendEntry(OpenedEntry(table, index, item, dailyValues));
+            list_.append(OpenedEntry(table, index, item, dailyValues));
         }
         // A valid profile brings the summary and the grid up to date.
         if (valid)
@@ -161,8 +159,8 @@ void AnalysisFileCommands::ClearData()
     // The emptied profile is invalid: the list's tab and the grid close.
     profilePage_.ValidateTab1Data();
     analysisPage_.ClearPerson();
-    chooser_.DisableTiers();
-    grid_.ClearGrid();
+    list_.disableChooser();
+    list_.clear();
 }
 
 void AnalysisFileCommands::SaveGridQuery(const QString& title, bool atExit)
@@ -187,7 +185,7 @@ void AnalysisFileCommands::mnuClearList_Click()
         SaveGridQuery(QString::fromLatin1(texts::kTitleClearList));
     window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
     session_.currentListFile.clear();
-    grid_.ClearGrid();
+    list_.clear();
 }
 
 }  // namespace pw

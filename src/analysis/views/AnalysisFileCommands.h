@@ -4,26 +4,34 @@
 // before it is cleared, replaced or left behind at exit.
 #include <QObject>
 #include <QString>
+#include <functional>
+
+#include "foodlist/FoodList.h"
 
 class QTabWidget;
 
 namespace pw {
 
 class AnalysisPage;
-class FoodListGrid;
-class FoodListPage;
 class ProfilePage;
 struct Seams;
-struct Session;
+struct AnalysisSession;
+
+// What the list-file commands ask of the chooser and the grid of chosen foods.
+struct ListLink {
+    std::function<void()> refresh;                    // the grid redrawn from the list
+    std::function<void(FoodListEntry entry)> append;  // a row added to the list and the grid
+    std::function<void()> clear;                      // the list and the grid emptied
+    std::function<void()> disableChooser;             // the chooser's tiers emptied
+};
 
 class AnalysisFileCommands : public QObject {
     Q_OBJECT
 public:
     // window is the main window, whose caption names the list file; tabs
     // are its pages.
-    AnalysisFileCommands(Session& session, Seams& seams, QWidget& window, QTabWidget& tabs, ProfilePage& profilePage,
-                         AnalysisPage& analysisPage, FoodListPage& chooser, FoodListGrid& grid,
-                         QObject* parent = nullptr);
+    AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs, ProfilePage& profilePage,
+                         AnalysisPage& analysisPage, ListLink list, QObject* parent = nullptr);
 
     // Asks for a file and saves the analysis to it; Cancel changes nothing.
     // atExit: a failed write offers to try again.
@@ -60,14 +68,13 @@ private:
     void SetCaption();
     void ReportNotAnAnalysisFile(const QString& path);
 
-    Session& session_;
+    AnalysisSession& session_;
     Seams& seams_;
     QWidget& window_;
     QTabWidget& tabs_;
     ProfilePage& profilePage_;
     AnalysisPage& analysisPage_;
-    FoodListPage& chooser_;
-    FoodListGrid& grid_;
+    ListLink list_;
 };
 
 }  // namespace pw

@@ -41,7 +41,7 @@ QLabel* MakeHeader(QWidget* parent, const QString& objectName, const char* capti
 
 }  // namespace
 
-AnalysisPage::AnalysisPage(Session& session, QWidget* parent) : QWidget(parent), session_(session)
+AnalysisPage::AnalysisPage(AnalysisSession& session, QWidget* parent) : QWidget(parent), session_(session)
 {
     BuildControls();
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fooddb/FoodTable.h"
-#include "shell/Session.h"
+#include "analysis/AnalysisSession.h"
 
 class QGroupBox;
 class QLabel;
@@ -18,7 +18,7 @@ namespace pw {
 class AnalysisPage : public QWidget {
     Q_OBJECT
 public:
-    explicit AnalysisPage(Session& session, QWidget* parent = nullptr);
+    explicit AnalysisPage(AnalysisSession& session, QWidget* parent = nullptr);
 
     // Turns the session's validated profile into the daily values (kept in
     // the session) and the age, BMI and daily-value captions, enabling the
@@ -40,7 +40,7 @@ public:
 private:
     void BuildControls();
 
-    Session& session_;
+    AnalysisSession& session_;
 
     // The controls; each one's objectName is its member name (the arrays'
     // labels are "labNutrient0", "labMDR0", ...).

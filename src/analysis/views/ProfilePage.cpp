@@ -84,7 +84,7 @@ void Tighten(QLayout* layout)
 
 }  // namespace
 
-ProfilePage::ProfilePage(Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+ProfilePage::ProfilePage(AnalysisSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
     : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();

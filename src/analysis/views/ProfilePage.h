@@ -7,7 +7,7 @@
 #include "analysis/Profile.h"
 #include "analysis/ProfileFile.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "analysis/AnalysisSession.h"
 
 class QGroupBox;
 class QLabel;
@@ -26,7 +26,7 @@ class ProfilePage : public QWidget {
 public:
     // guard: where run-time errors of this page's handlers go (none for a
     // page built on its own, whose errors reach its caller).
-    ProfilePage(Session& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
+    ProfilePage(AnalysisSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
 
@@ -89,7 +89,7 @@ private:
     void ReportNotAProfileFile(const QString& path);
     std::string DefaultProfilePath() const;
 
-    Session& session_;
+    AnalysisSession& session_;
     Seams& seams_;
     bool loading_ = false;
     bool loadFailed_ = false;

@@ -17,7 +17,7 @@
 #include "foodlist/TierMap.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -55,7 +55,7 @@ QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int ma
 
 }  // namespace
 
-AddFoodDialog::AddFoodDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+AddFoodDialog::AddFoodDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
     : FoodTableDialog(session, seams, guard, kTopicAddCustomFood, parent)
 {
     BuildControls();

@@ -21,12 +21,12 @@ namespace pw {
 
 class ErrorGuard;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 class AddFoodDialog : public FoodTableDialog {
     Q_OBJECT
 public:
-    AddFoodDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
+    AddFoodDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     // Bit 0 description, bit 1 measure, bits 2..8 the nutrient boxes that
     // hold a number; Add is offered at kAllFieldsFilled.

@@ -9,7 +9,7 @@
 #include "fooddb/FoodGroups.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -18,7 +18,7 @@ namespace {
 
 }  // namespace
 
-CopyFavoritesDialog::CopyFavoritesDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+CopyFavoritesDialog::CopyFavoritesDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
     : FavoritesDialog(session, seams, guard, kTopicCopyToFavorites, parent)
 {
     BuildControls();

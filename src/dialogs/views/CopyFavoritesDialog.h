@@ -17,12 +17,12 @@ namespace pw {
 
 class ErrorGuard;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 class CopyFavoritesDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    CopyFavoritesDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
+    CopyFavoritesDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     // The food to copy as the chooser names it; set before each opening.
     struct ChosenFood {

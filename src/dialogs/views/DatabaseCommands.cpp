@@ -9,11 +9,11 @@
 #include "dialogs/views/CopyFavoritesDialog.h"
 #include "dialogs/views/SaveDishDialog.h"
 #include "fooddb/FoodEditing.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
-DatabaseCommands::DatabaseCommands(Session& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser,
+DatabaseCommands::DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser,
                                    QWidget& window)
     : QObject(&window), session_(session), seams_(seams), guard_(guard), chooser_(std::move(chooser)),
       window_(window)

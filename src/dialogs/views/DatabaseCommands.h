@@ -18,7 +18,7 @@ class CopyFavoritesDialog;
 class ErrorGuard;
 class SaveDishDialog;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 // What the commands ask of the food chooser.
 struct ChooserLink {
@@ -33,7 +33,7 @@ struct ChooserLink {
 class DatabaseCommands : public QObject {
     Q_OBJECT
 public:
-    DatabaseCommands(Session& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser, QWidget& window);
+    DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser, QWidget& window);
 
     void AddCustomItem();
     void SaveAsDish();
@@ -61,7 +61,7 @@ private:
     // A full table: the capacity message, and true.
     bool RefusedForFullTable();
 
-    Session& session_;
+    FoodSession& session_;
     Seams& seams_;
     ErrorGuard& guard_;
     ChooserLink chooser_;

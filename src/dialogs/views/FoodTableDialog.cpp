@@ -11,11 +11,11 @@
 #include "fooddb/FoodGroups.h"
 #include "foodlist/TierMap.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
-FoodTableDialog::FoodTableDialog(Session& session, Seams& seams, ErrorGuard* errorGuard, int helpContext,
+FoodTableDialog::FoodTableDialog(FoodSession& session, Seams& seams, ErrorGuard* errorGuard, int helpContext,
                                  QWidget* parent)
     : QDialog(parent), guard(errorGuard), session_(session), seams_(seams), helpContext_(helpContext)
 {

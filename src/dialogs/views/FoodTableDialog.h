@@ -19,7 +19,7 @@ namespace pw {
 
 class Prompts;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 class FoodTableDialog : public QDialog {
     Q_OBJECT
@@ -36,7 +36,7 @@ signals:
     void foodTableChanged();
 
 protected:
-    FoodTableDialog(Session& session, Seams& seams, ErrorGuard* guard, int helpContext, QWidget* parent);
+    FoodTableDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, int helpContext, QWidget* parent);
 
     void showEvent(QShowEvent* event) override;
     // Runs at each opening (not when a window manager restores the window).
@@ -60,7 +60,7 @@ protected:
     // closes. True when result says the table was full.
     bool ClosedForNoRoom(std::int16_t result);
 
-    Session& session_;
+    FoodSession& session_;
     Seams& seams_;
 
 private:

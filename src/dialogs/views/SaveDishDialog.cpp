@@ -11,7 +11,7 @@
 #include "fooddb/FoodGroups.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -20,7 +20,7 @@ namespace {
 
 }  // namespace
 
-SaveDishDialog::SaveDishDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
+SaveDishDialog::SaveDishDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
     : FavoritesDialog(session, seams, guard, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();

@@ -13,12 +13,12 @@ namespace pw {
 
 class ErrorGuard;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 class SaveDishDialog : public FavoritesDialog {
     Q_OBJECT
 public:
-    SaveDishDialog(Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
+    SaveDishDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     QLineEdit* txtMeasure = nullptr;
     QPushButton* btnSaveList = nullptr;

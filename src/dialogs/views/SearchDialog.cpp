@@ -18,7 +18,7 @@
 #include "dialogs/DialogTexts.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -70,7 +70,7 @@ constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Descr
 
 }  // namespace
 
-SearchDialog::SearchDialog(const Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+SearchDialog::SearchDialog(const FoodSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
     : QDialog(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();

@@ -19,14 +19,14 @@ namespace pw {
 
 class ErrorGuard;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 class SearchDialog : public QDialog {
     Q_OBJECT
 public:
     // guard: where run-time errors of the handlers go; the chooser that
     // opens the dialog hands on its own.
-    SearchDialog(const Session& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
+    SearchDialog(const FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
 
@@ -81,7 +81,7 @@ private:
     int DpiX() const;
     int DpiY() const;
 
-    const Session& session_;
+    const FoodSession& session_;
     Seams& seams_;
     std::vector<SearchResult> results_;  // grid row k shows results_[k - 1]
     int selectedResult_ = 0;

@@ -15,7 +15,7 @@
 #include "foodlist/FoodListTexts.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -37,7 +37,7 @@ private:
 
 }  // namespace
 
-FoodListGrid::FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain,
+FoodListGrid::FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain,
                            FoodListPage& chooser, GridHooks hooks, QObject* parent)
     : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
       hooks_(std::move(hooks))

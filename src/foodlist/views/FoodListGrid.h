@@ -16,7 +16,7 @@ namespace pw {
 class ErrorGuard;
 class FoodListPage;
 struct Seams;
-struct Session;
+struct FoodSession;
 
 // What the grid needs of the main window.
 struct GridHooks {
@@ -31,7 +31,7 @@ class FoodListGrid : public QObject {
 public:
     // Wires the chooser's Accept and Delete buttons and the grid's clicks;
     // each runs under guard.
-    FoodListGrid(Session& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain, FoodListPage& chooser,
+    FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain, FoodListPage& chooser,
                  GridHooks hooks, QObject* parent = nullptr);
 
     // Stores the chooser's food as a new row, or over the selected row while
@@ -64,7 +64,7 @@ protected:
 private:
     bool ViewByUnits() const;
 
-    Session& session_;
+    FoodSession& session_;
     Seams& seams_;
     ErrorGuard& guard_;
     QTableWidget& grid_;

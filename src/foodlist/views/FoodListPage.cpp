@@ -21,7 +21,7 @@
 #include "foodlist/Quantity.h"
 #include "foodlist/TierMap.h"
 #include "core/views/Seams.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 namespace pw {
 
@@ -52,7 +52,7 @@ constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodListPage::FoodListPage(Session& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
     : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();

@@ -18,7 +18,7 @@ namespace pw {
 class ErrorGuard;
 
 struct Seams;
-struct Session;
+struct FoodSession;
 
 // What the chooser needs of the main window: the two database commands that
 // act on the chosen food, and the view.
@@ -40,7 +40,7 @@ signals:
 public:
     // guard: where run-time errors of this page's handlers go (none for a
     // page built on its own, whose errors reach its caller).
-    FoodListPage(Session& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
+    FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
 
@@ -140,7 +140,7 @@ private:
     bool ViewByUnits() const;
     QComboBox* TierCombo(int tier) const;
 
-    Session& session_;
+    FoodSession& session_;
     Seams& seams_;
     ChooserHooks hooks_;
 };

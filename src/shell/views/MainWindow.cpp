@@ -281,8 +281,13 @@ void MainWindow::BuildCentre()
     };
     gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
-    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, *foodListPage,
-                                        *listGrid, this);
+    ListLink list;
+    list.refresh = [this] { listGrid->RefreshGrid(); };
+    list.append = [this](FoodListEntry entry) { listGrid->AppendEntry(std::move(entry)); };
+    list.clear = [this] { listGrid->ClearGrid(); };
+    list.disableChooser = [this] { foodListPage->DisableTiers(); };
+    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, std::move(list),
+                                        this);
 
     ChooserLink chooser;
     chooser.tierText = [this](int tier) {
