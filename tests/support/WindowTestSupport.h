@@ -1,6 +1,7 @@
 #pragma once
 // A whole program on fakes: a temporary program folder, the session, the
 // splash and the main window, started as the real program starts them.
+#include <QObject>
 #include <QStringList>
 #include <memory>
 #include <string>
@@ -26,6 +27,27 @@ std::string QuietSettings(const std::string& extraLines = {});
 // sedentary.
 inline const std::string kAnnProfile =
     "NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:119\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
+
+// The control, menu item or window named name under root, found as checks
+// from outside the program find it; the test program ends when there is none.
+template <class T = QWidget>
+T* Find(const QObject& root, const QString& name)
+{
+    T* found = root.findChild<T*>(name);
+    if (!found)
+        qFatal("no %s named %s under %s", T::staticMetaObject.className(), qPrintable(name),
+               qPrintable(root.objectName()));
+    return found;
+}
+// The one object of type T under root (a page, a command set).
+template <class T>
+T& FindOnly(const QObject& root)
+{
+    const QList<T*> found = root.findChildren<T*>();
+    if (found.size() != 1)
+        qFatal("%lld objects of type %s", static_cast<long long>(found.size()), T::staticMetaObject.className());
+    return *found.front();
+}
 
 // The texts a combo box lists, in order.
 QStringList ComboItems(const QComboBox* combo);
