@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "Fixtures.h"
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
@@ -10,23 +12,18 @@ namespace pw {
 namespace {
 
 using test::DataFileBytes;
+using test::ErrorKindOf;
 using test::Food;
+using test::LoadTable;
+using test::Records;
 using test::SampleTable;
 
-FoodTable Load(const std::string& bytes)
-{
-    FoodTable table;
-    EXPECT_EQ(LoadDatabaseHeader(bytes, table), HeaderResult::Ok);
-    LoadDatabaseRecords(table);
-    return table;
-}
-
 // A data file with the given version line and raw record lines, with a
-// matching header.
-std::string HandMadeFile(const std::string& version, const std::vector<std::string>& records)
+// header that checks and names lastIndex (by default the last line's).
+std::string HandMadeFile(const std::string& version, const std::vector<std::string>& records, int lastIndex = -2)
 {
     ShiftTables shifts = BuildShiftTables(SeedFromVersionLine(version));
-    const std::string last = std::to_string(int(records.size()) - 1);
+    const std::string last = std::to_string(lastIndex == -2 ? int(records.size()) - 1 : lastIndex);
     std::string bytes = version + "\r\n" + ScrambleField(last, shifts) + "\r\n" +
                         ScrambleField(std::to_string(CharSum(version) + CharSum(last)), shifts) + "\r\n";
     for (const auto& r : records)
@@ -38,11 +35,8 @@ TEST(DataFile, RoundTripIsByteExactAndKeepsEveryRecord)
 {
     const FoodTable original = SampleTable();
     const std::string bytes = DataFileBytes(original);
-    FoodTable loaded = Load(bytes);
-
-    ASSERT_EQ(loaded.Count(), original.Count());
-    for (int i = 0; i < original.Count(); ++i)
-        EXPECT_EQ(loaded.Record(i), original.Record(i)) << i;
+    FoodTable loaded = LoadTable(bytes);
+    EXPECT_EQ(Records(loaded), Records(original));
     EXPECT_EQ(loaded.DataVersionLine, test::kTestVersionLine);
     EXPECT_EQ(loaded.ScrambleSeed, 37);
 
@@ -59,11 +53,18 @@ TEST(DataFile, RoundTripIsByteExactAndKeepsEveryRecord)
 
 TEST(DataFile, EveryPrintableLatin1CharacterIsStoredAtEveryPosition)
 {
-    // Control characters never reach the table; every other Latin-1 code, at
-    // every one of the 75 positions, scrambles to a byte that is neither a
-    // field nor a line end and reads back unchanged, whatever the seed.
-    for (std::int16_t seed : {6, 37, 47, 111, 150, 30000}) {
+    // Seed 0 shifts nothing; any other shifts every position by 1 to 5 either
+    // way. Control characters never reach the table; every other Latin-1
+    // code, at every one of the 75 positions, scrambles to a byte that is
+    // neither a field nor a line end and reads back unchanged.
+    EXPECT_EQ(BuildShiftTables(0).scramble, ShiftTables{}.scramble);
+    for (std::int16_t seed : {6, 37, 47, 100, 111, 150, 30000}) {
         const ShiftTables t = BuildShiftTables(seed);
+        for (int i = 0; i <= 75; ++i) {
+            EXPECT_NE(t.scramble[i], 0);
+            EXPECT_LE(std::abs(t.scramble[i]), 5);
+            EXPECT_EQ(t.unscramble[i], -t.scramble[i]);
+        }
         for (int code = 32; code <= 255; ++code) {
             if (code >= 127 && code < 160)
                 continue;
@@ -82,24 +83,18 @@ TEST(DataFile, EveryPrintableLatin1CharacterIsStoredAtEveryPosition)
         record.measure = std::string(74, 'x') + "\xfd";
         table.SetRecord(i, record);
     }
-    table.DatabaseDirty = true;
-    const FoodTable loaded = Load(SaveDatabaseToBytes(table));
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(loaded.Record(i), table.Record(i)) << names[i];
+    EXPECT_EQ(Records(LoadTable(DataFileBytes(table))), Records(table));
 }
 
 TEST(DataFile, AFileWrittenWithTheEarlierDigitStringOpensAndIsWrittenAnew)
 {
     FoodTable old = SampleTable();
     old.Shifts = BuildShiftTables(old.ScrambleSeed, LegacyShiftDigits());
-    old.DatabaseDirty = true;
-    const std::string legacyBytes = SaveDatabaseToBytes(old);
+    const std::string legacyBytes = DataFileBytes(old);
     ASSERT_NE(legacyBytes, DataFileBytes(SampleTable()));
 
-    FoodTable loaded = Load(legacyBytes);
-    ASSERT_EQ(loaded.Count(), old.Count());
-    for (int i = 0; i < old.Count(); ++i)
-        EXPECT_EQ(loaded.Record(i), old.Record(i)) << i;
+    FoodTable loaded = LoadTable(legacyBytes);
+    EXPECT_EQ(Records(loaded), Records(old));
     // Saved at the exit with today's shifts: the bytes a new file has.
     EXPECT_TRUE(loaded.DatabaseDirty);
     EXPECT_EQ(SaveDatabaseToBytes(loaded), DataFileBytes(SampleTable()));
@@ -127,54 +122,28 @@ TEST(DataFile, SeedZeroStoresPlainText)
     const auto lines = SplitLines(bytes);
     EXPECT_EQ(lines[1], "11");
     EXPECT_EQ(lines[3 + 3], "D\tButter\tSalted\t1 pat\t0\t0\t4\t11\t0\t1\t29\t0\t");
-    EXPECT_EQ(Load(bytes).Record(3), table.Record(3));
-}
-
-TEST(DataFile, TextFieldsHoldAtMost75Characters)
-{
-    FoodTable table = SampleTable();
-    FoodRecord food = table.Record(0);
-    food.description = std::string(75, 'x');
-    table.SetRecord(0, food);
-    EXPECT_EQ(Load(DataFileBytes(table)).Description(0), std::string(75, 'x'));
-
-    food.description = std::string(76, 'x');
-    table.SetRecord(0, food);
-    try {
-        DataFileBytes(table);
-        FAIL() << "a 76-character field was written";
-    } catch (const RunTimeError& e) {
-        EXPECT_EQ(e.Kind(), ErrorKind::SubscriptRange);
-    }
+    EXPECT_EQ(LoadTable(bytes).Record(3), table.Record(3));
 }
 
 TEST(DataFile, GroupLettersBothWays)
 {
     FoodTable table = SampleTable();
     const ShiftTables& s = table.Shifts;
-    const std::string records[] = {
-        BuildRecordLine(Food("", "Carrots", "Raw", "1 medium", 1, 6, 0), "Q", s),
-        BuildRecordLine(Food("", "Mystery", "Thing", "1", 1, 1, 1), "R", s),
-        BuildRecordLine(Food("", "Lower", "Case", "1", 1, 1, 1), "q", s),
-    };
-    FoodTable loaded = Load(HandMadeFile(table.DataVersionLine, {records[0], records[1], records[2]}));
-    EXPECT_EQ(loaded.Group(0), "Vegetables");
-    EXPECT_EQ(loaded.Group(1), "R");
-    EXPECT_EQ(loaded.Group(2), "q");
+    FoodTable loaded = LoadTable(HandMadeFile(table.DataVersionLine,
+                                              {BuildRecordLine(Food("", "Carrots", "Raw", "1 medium", 1, 6, 0), "Q", s),
+                                               BuildRecordLine(Food("", "Mystery", "Thing", "1", 1, 1, 1), "R", s),
+                                               BuildRecordLine(Food("", "Lower", "Case", "1", 1, 1, 1), "q", s)}));
+    EXPECT_EQ(loaded.Group(0) + "|" + loaded.Group(1) + "|" + loaded.Group(2), "Vegetables|R|q");
 
     // Written back, an unknown name takes the letter of the record before it;
     // the first record has none to take.
     loaded.DatabaseDirty = true;
-    FoodTable again = Load(SaveDatabaseToBytes(loaded));
-    EXPECT_EQ(again.Group(1), "Vegetables");
-    EXPECT_EQ(again.Group(2), "Vegetables");
-
+    FoodTable again = LoadTable(SaveDatabaseToBytes(loaded));
+    EXPECT_EQ(again.Group(1) + "|" + again.Group(2), "Vegetables|Vegetables");
     FoodTable first;
     SetDataVersion(first, table.DataVersionLine);
     first.Append(Food("Nuts, Seeds, Lugumes, Beans", "Almonds", "Raw", "1 oz", 6, 6, 14));
-    first.DatabaseDirty = true;
-    const auto line = SplitLines(SaveDatabaseToBytes(first))[3];
-    EXPECT_EQ(line[0], '\t');  // an empty letter field
+    EXPECT_EQ(SplitLines(DataFileBytes(first))[3][0], '\t');  // an empty letter field
 
     for (int i = 0; i < kGroupCount; ++i) {
         EXPECT_EQ(GroupNameFromLetter(std::string(1, GroupLetter(i))), kGroupNames[i]);
@@ -189,80 +158,58 @@ TEST(DataFile, NumbersLoseTheirSignAndCaloriesAreComputed)
     FoodRecord food = Food("Fruits", "Odd", "Negative", "1", 10, 20, 5);
     food.values[kSodium] = -5;
     table.SetRecord(0, food);
-    const FoodTable loaded = Load(DataFileBytes(table));
+    const FoodTable loaded = LoadTable(DataFileBytes(table));
     EXPECT_EQ(loaded.Value(0, kSodium), 5);
     EXPECT_EQ(loaded.Value(0, kCalories), 165);
     EXPECT_EQ(loaded.Value(2, kCalories), 4 * (13 + 2) + 7 * 14);  // beer: alcohol counts
-
-    EXPECT_THROW(ComputeCalories(0, 0, 300000000, 0), RunTimeError);
 }
 
-TEST(DataFile, ShiftTablesAndChecksums)
+TEST(DataFile, ChecksumsAndSeeds)
 {
-    const ShiftTables none = BuildShiftTables(0);
-    for (int i = 0; i <= 75; ++i)
-        EXPECT_EQ(none.scramble[i], 0);
-
-    for (std::int16_t seed : {6, 37, 100, 150, 30000}) {
-        const ShiftTables t = BuildShiftTables(seed);
-        for (int i = 0; i <= 75; ++i) {
-            EXPECT_NE(t.scramble[i], 0);
-            EXPECT_LE(std::abs(t.scramble[i]), 5);
-            EXPECT_EQ(t.unscramble[i], -t.scramble[i]);
-        }
-        const std::string text = "Peas / Green, frozen (1 cup) 0123456789";
-        EXPECT_EQ(UnscrambleField(ScrambleField(text, t), t), text);
-    }
-    EXPECT_THROW(BuildShiftTables(1), RunTimeError);  // reads position 1 + 4 - 5 - 4 < 1
-
     EXPECT_EQ(CharSum(""), 0);
     EXPECT_EQ(CharSum("AB"), 65 + 66);
     EXPECT_EQ(CharSum(std::string(128, '\xff')), 32640);
-    EXPECT_THROW(CharSum(std::string(129, '\xff')), RunTimeError);
-
-    const ShiftTables t = BuildShiftTables(37);
-    const std::string edge(1, t.scramble[1] > 0 ? '\xff' : '\0');
-    EXPECT_THROW(ScrambleField(edge, t), RunTimeError);
     EXPECT_EQ(SeedFromVersionLine("v21.47 USDA"), 47);
     EXPECT_EQ(SeedFromVersionLine("no point 9"), 0);
     EXPECT_EQ(SeedFromVersionLine("12"), 12);
 }
 
-TEST(DataFile, BrokenFilesAreRunTimeErrors)
+TEST(DataFile, BrokenFilesAndValuesAreRunTimeErrors)
 {
     const std::string version = test::kTestVersionLine;
     FoodTable table = SampleTable();
     const std::string good = BuildRecordLine(table.Record(0), "A", table.Shifts);
-    const std::string two = HandMadeFile(version, {good, good});
+    FoodRecord longText = table.Record(0);
+    longText.description = std::string(76, 'x');  // 75 is the most a field holds
+    const ShiftTables& t = table.Shifts;
+    const std::string edge(1, t.scramble[1] > 0 ? '\xff' : '\0');  // shifted past a byte
 
     const struct {
         const char* what;
-        std::string bytes;
+        std::function<void()> call;
         ErrorKind kind;
     } cases[] = {
-        {"no header", "", ErrorKind::InputPastEnd},
-        {"two lines", version + "\r\n1\r\n", ErrorKind::InputPastEnd},
-        {"records missing", two.substr(0, two.size() - good.size() - 2), ErrorKind::InputPastEnd},
-        {"no tabs", HandMadeFile(version, {"abc"}), ErrorKind::InvalidCall},
-        {"field too long", HandMadeFile(version, {std::string(80, 'x') + "\t"}), ErrorKind::SubscriptRange},
+        {"no header", [] { LoadTable(""); }, ErrorKind::InputPastEnd},
+        {"two lines", [&] { LoadTable(version + "\r\n1\r\n"); }, ErrorKind::InputPastEnd},
+        {"records missing", [&] { LoadTable(HandMadeFile(version, {good}, 1)); }, ErrorKind::InputPastEnd},
+        {"4,001 records", [&] { LoadTable(HandMadeFile(version, {}, 4000)); }, ErrorKind::SubscriptRange},
+        {"no tabs", [&] { LoadTable(HandMadeFile(version, {"abc"})); }, ErrorKind::InvalidCall},
+        {"field too long", [&] { LoadTable(HandMadeFile(version, {std::string(80, 'x') + "\t"})); },
+         ErrorKind::SubscriptRange},
+        {"a 76-character field written",
+         [&] { table.SetRecord(0, longText), DataFileBytes(table); }, ErrorKind::SubscriptRange},
+        {"calories beyond 32 bits", [] { ComputeCalories(0, 0, 300000000, 0); }, ErrorKind::Overflow},
+        {"seed 1 reads position 1 + 4 - 5 - 4 < 1", [] { BuildShiftTables(1); }, ErrorKind::InvalidCall},
+        {"checksum beyond 16 bits", [] { CharSum(std::string(129, '\xff')); }, ErrorKind::Overflow},
+        {"a shift past a byte", [&] { ScrambleField(edge, t); }, ErrorKind::InvalidCall},
     };
-    for (const auto& c : cases) {
-        try {
-            FoodTable t;
-            if (LoadDatabaseHeader(c.bytes, t) == HeaderResult::Ok)
-                LoadDatabaseRecords(t);
-            ADD_FAILURE() << c.what << ": no error";
-        } catch (const RunTimeError& e) {
-            EXPECT_EQ(e.Kind(), c.kind) << c.what;
-        }
-    }
+    for (const auto& c : cases)
+        EXPECT_EQ(ErrorKindOf(c.call), c.kind) << c.what;
 
-    // 4,001 records in the header.
-    ShiftTables s = BuildShiftTables(37);
-    std::string big = version + "\r\n" + ScrambleField("4000", s) + "\r\n" +
-                      ScrambleField(std::to_string(CharSum(version) + CharSum("4000")), s) + "\r\n";
-    FoodTable t;
-    EXPECT_THROW(LoadDatabaseHeader(big, t), RunTimeError);
+    // A field of 75 characters is stored whole.
+    longText.description.pop_back();
+    table.SetRecord(0, longText);
+    EXPECT_EQ(LoadTable(DataFileBytes(table)).Description(0), std::string(75, 'x'));
 }
 
 }  // namespace

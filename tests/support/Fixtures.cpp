@@ -1,5 +1,7 @@
 #include "Fixtures.h"
 
+#include <gtest/gtest.h>
+
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
 
@@ -39,6 +41,22 @@ std::string DataFileBytes(FoodTable table)
 {
     table.DatabaseDirty = true;
     return SaveDatabaseToBytes(table);
+}
+
+FoodTable LoadTable(const std::string& bytes)
+{
+    FoodTable table;
+    EXPECT_EQ(LoadDatabaseHeader(bytes, table), HeaderResult::Ok);
+    LoadDatabaseRecords(table);
+    return table;
+}
+
+std::vector<FoodRecord> Records(const FoodTable& table)
+{
+    std::vector<FoodRecord> records;
+    for (int i = 0; i < table.Count(); ++i)
+        records.push_back(table.Record(i));
+    return records;
 }
 
 void WriteProgramFolder(const std::string& folder, const std::string& dataBytes, const std::string& settings)
