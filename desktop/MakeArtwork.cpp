@@ -153,9 +153,10 @@ int MakeScreenshot(const QString& file, const QString& dataFolder)
             lines.push_back(ItemLine(table, index, food.quantity));
     const QString list = folder.filePath(QStringLiteral("Tuesday.pwl"));
     WriteFileAtomic(QFile::encodeName(list).toStdString(), LinesToBytes(lines));
-    guard.Run([&] { OpenDocument(window, list); });
-    if (window.tabMain->isTabEnabled(1))
-        window.tabMain->setCurrentIndex(1);
+    guard.Run([&] { window.OpenDocument(list); });
+    auto* tabs = window.findChild<QTabWidget*>(QStringLiteral("tabMain"));
+    if (tabs && tabs->isTabEnabled(1))
+        tabs->setCurrentIndex(1);
 
     window.resize(1180, 700);
     window.show();

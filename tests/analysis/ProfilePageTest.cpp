@@ -157,14 +157,14 @@ private slots:
         for (const QString& name : SummaryLabels())
             QVERIFY2(!w.findChild<QWidget*>(name)->isEnabled(), qPrintable(name));
         // Both fit the tab page of the main window.
-        for (QWidget* page : std::initializer_list<QWidget*>{w.profilePage, w.analysisPage}) {
+        for (QWidget* page : std::initializer_list<QWidget*>{&FindOnly<ProfilePage>(w), &FindOnly<AnalysisPage>(w)}) {
             const QSize size = page->minimumSizeHint();
             QVERIFY2(size.width() <= 500 && size.height() <= 205,
                      qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
         }
 
         // A valid profile typed opens the other tabs with its values.
-        QTabWidget* tabs = w.tabMain;
+        auto* tabs = Find<QTabWidget>(w, QStringLiteral("tabMain"));
         auto* weight = w.findChild<QLineEdit*>("txtWeight");
         QTest::keyClicks(w.findChild<QLineEdit*>("txtYOB"), QStringLiteral("62"));
         QTest::keyClicks(w.findChild<QLineEdit*>("txtHeight"), QStringLiteral("64"));

@@ -11,7 +11,7 @@
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
 #include "foodlist/views/FoodListPage.h"
-#include "shell/Session.h"
+#include "foodlist/FoodSession.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -55,18 +55,24 @@ struct Chooser {
         folder.Write("pw.hlp", "help");
         session.foodTable = std::move(table);
         session.dailyValues = {2000, 50, 300, 65, 300, 25, 800, 2400};
-        page = std::make_unique<FoodListPage>(session, fakes.seams);
-        page->SetHooks({[this](bool on) { copyToFavorites = on; }, [this](bool on) { deleteFromDatabase = on; },
-                        [this] { return byUnits; }});
+        page = std::make_unique<FoodListPage>(session, fakes.seams, nullptr, [this] { return byUnits; });
+        QObject::connect(page.get(), &FoodListPage::copyToFavoritesAvailable, [this](bool on) { copyToFavorites = on; });
+        QObject::connect(page.get(), &FoodListPage::deleteFromDatabaseAvailable,
+                         [this](bool on) { deleteFromDatabase = on; });
         page->RebuildTierMap();
         page->FillQuantityList();
         page->SetUnitCaptions(!byUnits);
         page->NewItem();
     }
 
-    QComboBox* Tier(int t) const
+    QComboBox* Tier(int t) const { return Find<QComboBox>(*page, QStringLiteral("comTier%1").arg(t)); }
+    QComboBox* Qty() const { return Find<QComboBox>(*page, QStringLiteral("comQuantity")); }
+    QPushButton* Btn(const char* name) const { return Find<QPushButton>(*page, QString::fromLatin1(name)); }
+    // A label by name, or the i-th of a row of labels ("labNutrVal", 3).
+    QLabel* Lab(const char* name, int i = -1) const
     {
-        return std::array{page->comTier0, page->comTier1, page->comTier2, page->comTier3}[t];
+        const QString n = QString::fromLatin1(name);
+        return Find<QLabel>(*page, i < 0 ? n : n + QString::number(i));
     }
     // A pick from a tier's list, as the user makes it.
     void Pick(int tier, const QString& text) const
@@ -86,16 +92,16 @@ struct Chooser {
     // A quantity in the box followed by a key release, as after typing.
     void Enter(const QString& text) const
     {
-        page->comQuantity->setEditText(text);
-        QTest::keyRelease(page->comQuantity, Qt::Key_End);
+        Qty()->setEditText(text);
+        QTest::keyRelease(Qty(), Qt::Key_End);
     }
     bool On(QWidget* w) const { return w->isEnabledTo(page.get()); }
     QStringList Items(int tier) const { return ComboItems(Tier(tier)); }
     QStringList Values() const
     {
         QStringList values;
-        for (QLabel* label : page->labNutrVal)
-            values << label->text();
+        for (int i = 0; i < kShownNutrients; ++i)
+            values << Lab("labNutrVal", i)->text();
         return values;
     }
     // Everything the chooser shows or keeps.
@@ -129,16 +135,16 @@ struct Chooser {
             QVERIFY2(!On(Tier(t)) && (t == tier + 1 || Tier(t)->count() == 0), qPrintable(QString::number(t)));
             QCOMPARE(Tier(t)->currentIndex(), -1);
         }
-        QVERIFY(!On(page->comQuantity) && !On(page->labTier[3]) && !On(page->labOf));
+        QVERIFY(!On(Qty()) && !On(Lab("labTier", 3)) && !On(Lab("labOf")));
         for (int i = 0; i < 8; ++i)
-            QVERIFY(!On(page->labNutrVal[i]) && !On(page->labNutr[i]) && page->labNutrVal[i]->text().isEmpty());
+            QVERIFY(!On(Lab("labNutrVal", i)) && !On(Lab("labNutr", i)) && Lab("labNutrVal", i)->text().isEmpty());
         QVERIFY(!copyToFavorites && !deleteFromDatabase);
     }
     const std::vector<RecordedMessage>& Messages() const { return fakes.prompts.messages; }
 
     TempFolder folder;
     FakeSeams fakes;
-    Session session;
+    FoodSession session;
     bool byUnits = true;
     bool copyToFavorites = false;
     bool deleteFromDatabase = false;
@@ -158,25 +164,27 @@ class FoodChooserTest : public QObject {
 private slots:
     void NewItemOpensOnlyTheGroupTier()
     {
-        Session session;
-        FakeSeams fakes;
-        FoodListPage page(session, fakes.seams);
-        for (QWidget* w : std::initializer_list<QWidget*>{page.comTier0, page.labTier[0], page.btnSearch,
-                                                          page.btnAcceptItem, page.btnDeleteItem, page.comQuantity})
-            QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
-        QVERIFY(page.btnNewItem->isEnabled());
-        const QSize size = page.minimumSizeHint();
-        QVERIFY2(size.width() <= 500 && size.height() <= 205,
-                 qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+        {
+            // A page as it is built, before any table reaches it.
+            FoodSession session;
+            FakeSeams fakes;
+            FoodListPage page(session, fakes.seams);
+            for (const char* name : {"comTier0", "labTier0", "btnSearch", "btnAcceptItem", "btnDeleteItem", "comQuantity"})
+                QVERIFY2(!Find<QWidget>(page, QString::fromLatin1(name))->isEnabled(), name);
+            QVERIFY(Find<QPushButton>(page, QStringLiteral("btnNewItem"))->isEnabled());
+            const QSize size = page.minimumSizeHint();
+            QVERIFY2(size.width() <= 500 && size.height() <= 205,
+                     qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
+        }
 
         Chooser c;
-        c.page->btnAcceptItem->setText(QStringLiteral("Change"));
-        QTest::mouseClick(c.page->btnNewItem, Qt::LeftButton);
+        c.Btn("btnAcceptItem")->setText(QStringLiteral("Change"));
+        QTest::mouseClick(c.Btn("btnNewItem"), Qt::LeftButton);
         QVERIFY(c.session.chooser.addingNewItem);
-        QCOMPARE(c.page->btnAcceptItem->text(), QStringLiteral("Add to List"));
-        QVERIFY(c.On(c.page->comTier0) && c.On(c.page->labTier[0]) && c.On(c.page->btnSearch));
-        QVERIFY(!c.On(c.page->btnDeleteItem) && !c.On(c.page->btnAcceptItem) && !c.On(c.page->labTier[1]));
-        QCOMPARE(c.page->comTier0->currentIndex(), -1);
+        QCOMPARE(c.Btn("btnAcceptItem")->text(), QStringLiteral("Add to List"));
+        QVERIFY(c.On(c.Tier(0)) && c.On(c.Lab("labTier", 0)) && c.On(c.Btn("btnSearch")));
+        QVERIFY(!c.On(c.Btn("btnDeleteItem")) && !c.On(c.Btn("btnAcceptItem")) && !c.On(c.Lab("labTier", 1)));
+        QCOMPARE(c.Tier(0)->currentIndex(), -1);
         c.VerifyResetBelow(0);
     }
 
@@ -194,9 +202,9 @@ private slots:
         c.Pick(3, "1 tbsp");
         QCOMPARE(c.session.chooser.currentFood, 4);
         QCOMPARE(c.Values(), QStringList({"108", "0", "0", "12", "31", "0", "3", "82"}));
-        QCOMPARE(c.page->labNutrUnit[5]->text(), QStringLiteral("mg"));
-        QVERIFY(c.On(c.page->comQuantity) && c.On(c.page->labOf) && c.On(c.page->labNutrVal[7]));
-        QVERIFY(c.On(c.page->btnAcceptItem) && c.copyToFavorites && c.deleteFromDatabase);
+        QCOMPARE(c.Lab("labNutrUnit", 5)->text(), QStringLiteral("mg"));
+        QVERIFY(c.On(c.Qty()) && c.On(c.Lab("labOf")) && c.On(c.Lab("labNutrVal", 7)));
+        QVERIFY(c.On(c.Btn("btnAcceptItem")) && c.copyToFavorites && c.deleteFromDatabase);
         QVERIFY(c.Messages().empty());
 
         // Another group starts over below it.
@@ -206,10 +214,10 @@ private slots:
 
         // A description with one measure shows its food at once.
         c.Choose({"Bakery and Grains", "Bread", "White"});
-        QCOMPARE(c.page->comTier3->currentText(), QStringLiteral("1 slice"));
+        QCOMPARE(c.Tier(3)->currentText(), QStringLiteral("1 slice"));
         QCOMPARE(c.session.chooser.currentFood, 0);
         QCOMPARE(c.Values(), QStringList({"69", "2", "13", "1", "0", "1", "38", "170"}));
-        QVERIFY(c.On(c.page->comQuantity) && c.copyToFavorites);
+        QVERIFY(c.On(c.Qty()) && c.copyToFavorites);
     }
 
     void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing()
@@ -292,12 +300,12 @@ private slots:
             c.Choose(food);
             c.Enter(quantity);
             QVERIFY(c.Messages().empty());
-            QCOMPARE(c.page->labNutrVal[kProtein]->text(), protein);
-            QCOMPARE(c.page->labNutrVal[kCalories]->text(), calories);
-            QCOMPARE(c.page->labNutrUnit[kProtein]->text(), unit);
-            QCOMPARE(c.page->labNutrUnit[kCalories]->text(), byUnits ? QStringLiteral(" ") : unit);
-            QVERIFY(c.On(c.page->btnAcceptItem) && c.On(c.page->labNutrVal[0]));
-            QCOMPARE(c.page->comQuantity->currentText(), quantity);  // kept as typed
+            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), protein);
+            QCOMPARE(c.Lab("labNutrVal", kCalories)->text(), calories);
+            QCOMPARE(c.Lab("labNutrUnit", kProtein)->text(), unit);
+            QCOMPARE(c.Lab("labNutrUnit", kCalories)->text(), byUnits ? QStringLiteral(" ") : unit);
+            QVERIFY(c.On(c.Btn("btnAcceptItem")) && c.On(c.Lab("labNutrVal", 0)));
+            QCOMPARE(c.Qty()->currentText(), quantity);  // kept as typed
         }
     }
 
@@ -318,25 +326,25 @@ private slots:
         QFETCH(QString, message);
         Chooser c;
         c.Choose({"Vegetables", "Peas", "Snow"});
-        QVERIFY(c.On(c.page->btnAcceptItem));
+        QVERIFY(c.On(c.Btn("btnAcceptItem")));
         c.Enter(typed);
         for (int i = 0; i < 8; ++i)
-            QVERIFY(!c.On(c.page->labNutrVal[i]) && !c.On(c.page->labNutrUnit[i]) && !c.On(c.page->labNutr[i]));
-        QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("5"));  // captions stay
+            QVERIFY(!c.On(c.Lab("labNutrVal", i)) && !c.On(c.Lab("labNutrUnit", i)) && !c.On(c.Lab("labNutr", i)));
+        QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), QStringLiteral("5"));  // captions stay
         if (message.isEmpty()) {
             QVERIFY(c.Messages().empty());
-            QVERIFY(!c.On(c.page->btnAcceptItem));
-            QCOMPARE(c.page->comQuantity->currentText(), typed);
+            QVERIFY(!c.On(c.Btn("btnAcceptItem")));
+            QCOMPARE(c.Qty()->currentText(), typed);
         } else {
             QCOMPARE(c.Messages().size(), size_t(1));
             QCOMPARE(Shown(c.Messages()[0]),
                      Shown({message, "Error in your input", MsgIcon::Exclamation, MsgButtons::Ok}));
-            QVERIFY(c.On(c.page->btnAcceptItem));  // left as it was
-            QCOMPARE(c.page->comQuantity->currentText(), QString());
+            QVERIFY(c.On(c.Btn("btnAcceptItem")));  // left as it was
+            QCOMPARE(c.Qty()->currentText(), QString());
             // The emptied box is 0 at the next key: Accept goes off, silently.
-            QTest::keyRelease(c.page->comQuantity, Qt::Key_Shift);
+            QTest::keyRelease(c.Qty(), Qt::Key_Shift);
             QCOMPARE(c.Messages().size(), size_t(1));
-            QVERIFY(!c.On(c.page->btnAcceptItem));
+            QVERIFY(!c.On(c.Btn("btnAcceptItem")));
         }
     }
 
@@ -348,31 +356,31 @@ private slots:
             // Shown and focused, as the user types into it.
             c.page->show();
             QVERIFY(QTest::qWaitForWindowActive(c.page.get()));
-            c.page->comQuantity->setFocus();
+            c.Qty()->setFocus();
             QWidget* target =
-                intoLineEdit ? static_cast<QWidget*>(c.page->comQuantity->lineEdit()) : c.page->comQuantity;
-            c.page->comQuantity->lineEdit()->selectAll();
+                intoLineEdit ? static_cast<QWidget*>(c.Qty()->lineEdit()) : c.Qty();
+            c.Qty()->lineEdit()->selectAll();
             QTest::keyClick(target, Qt::Key_Backspace);
             QCOMPARE(c.session.chooser.currentQuantity, 0.0f);
             const QString typed = QStringLiteral("2-1/2");
             const float seen[] = {2, 2, 2, 2, 2.5f};
             for (int i = 0; i < typed.size(); ++i) {
                 QTest::keyClick(target, typed[i].toLatin1());
-                QCOMPARE(c.page->comQuantity->currentText(), typed.left(i + 1));
+                QCOMPARE(c.Qty()->currentText(), typed.left(i + 1));
                 QCOMPARE(c.session.chooser.currentQuantity, seen[i]);
-                QVERIFY(c.On(c.page->btnAcceptItem));
+                QVERIFY(c.On(c.Btn("btnAcceptItem")));
             }
             QTest::keyClick(target, Qt::Key_Return);
             QVERIFY(c.Messages().empty());
-            QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("12"));
-            QCOMPARE(c.page->comQuantity->count(), 17);  // nothing typed joins the list
-            QCOMPARE(c.page->comQuantity->currentText(), typed);
+            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), QStringLiteral("12"));
+            QCOMPARE(c.Qty()->count(), 17);  // nothing typed joins the list
+            QCOMPARE(c.Qty()->currentText(), typed);
 
             // A pick from the list is parsed at once.
-            c.page->comQuantity->setCurrentIndex(2);
-            emit c.page->comQuantity->activated(2);
+            c.Qty()->setCurrentIndex(2);
+            emit c.Qty()->activated(2);
             QCOMPARE(c.session.chooser.currentQuantity, 1.0f / 3.0f);
-            QCOMPARE(c.page->labNutrVal[kProtein]->text(), QStringLiteral("2"));
+            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), QStringLiteral("2"));
         }
     }
 
@@ -397,11 +405,11 @@ private slots:
             }
             for (int t = 0; t < 4; ++t) {
                 QCOMPARE(c.Tier(t)->currentText(), texts[t]);
-                QVERIFY(c.On(c.Tier(t)) && c.On(c.page->labTier[t]));
+                QVERIFY(c.On(c.Tier(t)) && c.On(c.Lab("labTier", t)));
             }
             QCOMPARE(c.session.chooser.currentFood, index);
-            QCOMPARE(c.page->labNutrVal[kSodium]->text(), QString::number(food.values[kSodium]));
-            QVERIFY(c.On(c.page->comQuantity) && c.copyToFavorites && c.deleteFromDatabase);
+            QCOMPARE(c.Lab("labNutrVal", kSodium)->text(), QString::number(food.values[kSodium]));
+            QVERIFY(c.On(c.Qty()) && c.copyToFavorites && c.deleteFromDatabase);
             QVERIFY(c.Messages().empty());
         }
     }
@@ -412,17 +420,17 @@ private slots:
         c.Choose(kButterTbsp);
         c.Enter(QStringLiteral("3"));
         c.page->DisableTiers();
-        QVERIFY(!c.On(c.page->comTier0) && !c.On(c.page->labTier[0]) && c.page->comTier0->currentIndex() == -1);
-        QVERIFY(!c.On(c.page->btnAcceptItem) && !c.On(c.page->btnSearch));
+        QVERIFY(!c.On(c.Tier(0)) && !c.On(c.Lab("labTier", 0)) && c.Tier(0)->currentIndex() == -1);
+        QVERIFY(!c.On(c.Btn("btnAcceptItem")) && !c.On(c.Btn("btnSearch")));
         c.VerifyResetBelow(0);
         QCOMPARE(c.Items(1), QStringList());
-        QCOMPARE(c.page->comQuantity->currentText(), QStringLiteral(" 1"));
+        QCOMPARE(c.Qty()->currentText(), QStringLiteral(" 1"));
 
         c.page->EnableTiers();
         for (int t = 0; t < 4; ++t)
-            QVERIFY(c.On(c.Tier(t)) && c.On(c.page->labTier[t]) && (t == 0 || c.Items(t).isEmpty()));
-        QVERIFY(c.On(c.page->comQuantity) && c.On(c.page->labOf) && c.On(c.page->btnAcceptItem));
-        QVERIFY(!c.On(c.page->labNutrVal[0]) && c.page->labNutrVal[0]->text().isEmpty() && !c.deleteFromDatabase);
+            QVERIFY(c.On(c.Tier(t)) && c.On(c.Lab("labTier", t)) && (t == 0 || c.Items(t).isEmpty()));
+        QVERIFY(c.On(c.Qty()) && c.On(c.Lab("labOf")) && c.On(c.Btn("btnAcceptItem")));
+        QVERIFY(!c.On(c.Lab("labNutrVal", 0)) && c.Lab("labNutrVal", 0)->text().isEmpty() && !c.deleteFromDatabase);
     }
 
     // On the delivered data.dat: every group leads through its subgroups,
@@ -434,25 +442,24 @@ private slots:
         LoadDatabaseRecords(delivered);
         Chooser c(std::move(delivered));
         const FoodTable& table = c.session.foodTable;
-        FoodListPage& page = *c.page;
-        QVERIFY(page.comTier0->count() >= 16);
+        QVERIFY(c.Tier(0)->count() >= 16);
 
         int foodsShown = 0;
-        for (int g = 0; g < page.comTier0->count(); ++g) {
-            const QString group = page.comTier0->itemText(g);
-            page.btnNewItem->click();
+        for (int g = 0; g < c.Tier(0)->count(); ++g) {
+            const QString group = c.Tier(0)->itemText(g);
+            c.Btn("btnNewItem")->click();
             c.Pick(0, group);
-            QVERIFY2(page.comTier1->count() > 0, qPrintable(group));
-            c.Pick(1, page.comTier1->itemText(0));
-            if (page.comTier2->count() == 0) {
+            QVERIFY2(c.Tier(1)->count() > 0, qPrintable(group));
+            c.Pick(1, c.Tier(1)->itemText(0));
+            if (c.Tier(2)->count() == 0) {
                 QCOMPARE(group, QStringLiteral("Favorites"));  // the only group kept empty
                 continue;
             }
-            c.Pick(2, page.comTier2->itemText(0));
-            QVERIFY2(page.comTier3->count() > 0, qPrintable(group));
-            if (page.comTier3->count() > 1) {
-                QVERIFY(!page.comQuantity->isEnabled() && page.labNutrVal[0]->text().isEmpty());
-                c.Pick(3, page.comTier3->itemText(0));
+            c.Pick(2, c.Tier(2)->itemText(0));
+            QVERIFY2(c.Tier(3)->count() > 0, qPrintable(group));
+            if (c.Tier(3)->count() > 1) {
+                QVERIFY(!c.Qty()->isEnabled() && c.Lab("labNutrVal", 0)->text().isEmpty());
+                c.Pick(3, c.Tier(3)->itemText(0));
             }
 
             const int food = c.session.chooser.currentFood;
@@ -462,12 +469,12 @@ private slots:
                 QCOMPARE(c.Tier(t)->currentText(), texts[t]);
             // One of the food's measures: the values as the table holds them.
             for (int i = 0; i < kShownNutrients; ++i)
-                QCOMPARE(page.labNutrVal[i]->text(), QString::number(table.Value(food, Nutrient(i))));
-            QVERIFY(c.On(page.btnAcceptItem) && c.copyToFavorites && c.deleteFromDatabase);
+                QCOMPARE(c.Lab("labNutrVal", i)->text(), QString::number(table.Value(food, Nutrient(i))));
+            QVERIFY(c.On(c.Btn("btnAcceptItem")) && c.copyToFavorites && c.deleteFromDatabase);
             ++foodsShown;
         }
         QVERIFY(foodsShown >= 15);
-        QCOMPARE(c.Messages().size(), size_t(page.comTier0->count() - foodsShown));
+        QCOMPARE(c.Messages().size(), size_t(c.Tier(0)->count() - foodsShown));
     }
 };
 

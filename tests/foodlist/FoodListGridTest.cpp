@@ -14,7 +14,6 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "foodlist/views/FoodListGrid.h"
 #include "foodlist/views/FoodListPage.h"
 
 using namespace pw;
@@ -43,18 +42,21 @@ const std::string& kAnn = kAnnProfile;
 
 struct Program {
     Program() { h.StartOn(DataFileBytes(SampleTable())); }
-    FoodListPage& page() const { return *h.main->foodListPage; }
-    QTableWidget& grid() const { return *h.main->gridMain; }
+    FoodListPage& page() const { return FindOnly<FoodListPage>(*h.main); }
+    QTableWidget& grid() const { return *Find<QTableWidget>(*h.main, QStringLiteral("gridMain")); }
+    QTabWidget& tabs() const { return *Find<QTabWidget>(*h.main, QStringLiteral("tabMain")); }
+    template <class T = QPushButton>
+    T* W(const char* name) const { return Find<T>(*h.main, QString::fromLatin1(name)); }
     FoodList& list() { return h.session.foodList; }
     const std::vector<RecordedMessage>& Messages() const { return h.fakes.prompts.messages; }
     QString Path(const char* name) const { return QString::fromStdString(h.folder.File(name)); }
-    QString Name() const { return h.main->findChild<QLineEdit*>("txtName")->text(); }
+    QString Name() const { return W<QLineEdit>("txtName")->text(); }
     // Runs a menu command whose file dialog, if it asks, gets file name.
     void Run(const char* action, const char* name = nullptr)
     {
         if (name)
             h.fakes.files.answers.push_back(Path(name));
-        h.main->findChild<QAction*>(action)->trigger();
+        W<QAction>(action)->trigger();
     }
 
     // The food chosen, its quantity typed, and Accept.
@@ -62,12 +64,12 @@ struct Program {
     {
         ChooseFood(page(), food.tiers);
         EnterQuantity(food.quantity);
-        page().btnAcceptItem->click();
+        W("btnAcceptItem")->click();
     }
     void EnterQuantity(const QString& text) const
     {
-        page().comQuantity->setEditText(text);
-        QTest::keyRelease(page().comQuantity, Qt::Key_End);
+        W<QComboBox>("comQuantity")->setEditText(text);
+        QTest::keyRelease(W<QComboBox>("comQuantity"), Qt::Key_End);
     }
     void ClickRow(int row) const
     {
@@ -86,7 +88,7 @@ struct Program {
     {
         QStringList texts;
         for (int i = 0; i < 8; ++i)
-            texts << h.main->findChild<QLabel*>(pattern.arg(i))->text();
+            texts << Find<QLabel>(*h.main, pattern.arg(i))->text();
         return texts;
     }
     QStringList DailyIntake() const { return Labels(QStringLiteral("labDailyIntake%1")); }
@@ -94,17 +96,17 @@ struct Program {
     // saving it as a dish while it has two or more.
     void VerifyListMenus(bool rows) const
     {
-        QCOMPARE(h.main->mnuClearList->isEnabled(), rows);
-        QCOMPARE(h.main->mnuSave->isEnabled(), rows);
-        QCOMPARE(h.main->mnuList->isEnabled(), rows);
-        QCOMPARE(h.main->mnuPrint->menuAction()->isEnabled(), rows);
-        QCOMPARE(h.main->mnuSaveAsDish->isEnabled(), h.session.foodList.Count() >= 2);
+        QCOMPARE(W<QAction>("mnuClearList")->isEnabled(), rows);
+        QCOMPARE(W<QAction>("mnuSave")->isEnabled(), rows);
+        QCOMPARE(W<QAction>("mnuList")->isEnabled(), rows);
+        QCOMPARE(W<QAction>("mnuPrint")->isEnabled(), rows);
+        QCOMPARE(W<QAction>("mnuSaveAsDish")->isEnabled(), h.session.foodList.Count() >= 2);
     }
     void VerifyChooserReset() const
     {
-        QVERIFY(!page().comTier0->isEnabled() && page().comTier0->currentIndex() == -1);
-        QVERIFY(!page().btnDeleteItem->isEnabled() && !page().btnSearch->isEnabled());
-        QVERIFY(!page().btnAcceptItem->isEnabled());
+        QVERIFY(!W<QComboBox>("comTier0")->isEnabled() && W<QComboBox>("comTier0")->currentIndex() == -1);
+        QVERIFY(!W("btnDeleteItem")->isEnabled() && !W("btnSearch")->isEnabled());
+        QVERIFY(!W("btnAcceptItem")->isEnabled());
         QCOMPARE(Labels(QStringLiteral("labNutrVal%1")), QStringList(8, QString()));
     }
 
@@ -156,7 +158,7 @@ private slots:
 
         // Twice the weight: new daily values for the totals, whose rows keep
         // the percents they were stored with.
-        auto* weight = p.h.main->findChild<QLineEdit*>("txtWeight");
+        auto* weight = p.W<QLineEdit>("txtWeight");
         weight->selectAll();
         QTest::keyClicks(weight, QStringLiteral("238"));
         QCOMPARE(p.Cells(1)[5], QStringLiteral("16%DV"));
@@ -190,20 +192,20 @@ private slots:
         p.Add(kCheddar);
         // The row's own quantity scales the food again: Change without an
         // edit keeps the row, whatever the box held before.
-        p.page().comQuantity->setEditText(QStringLiteral("7"));
+        p.W<QComboBox>("comQuantity")->setEditText(QStringLiteral("7"));
         p.ClickRow(1);
-        QCOMPARE(p.page().btnAcceptItem->text(), QStringLiteral("Change"));
-        QVERIFY(p.page().btnDeleteItem->isEnabled() && p.page().btnSearch->isEnabled());
-        QCOMPARE(p.page().comTier3->currentText(), QStringLiteral("1 tbsp"));
-        QCOMPARE(p.page().comQuantity->currentText(), QStringLiteral("2-1/2"));
+        QCOMPARE(p.W("btnAcceptItem")->text(), QStringLiteral("Change"));
+        QVERIFY(p.W("btnDeleteItem")->isEnabled() && p.W("btnSearch")->isEnabled());
+        QCOMPARE(p.W<QComboBox>("comTier3")->currentText(), QStringLiteral("1 tbsp"));
+        QCOMPARE(p.W<QComboBox>("comQuantity")->currentText(), QStringLiteral("2-1/2"));
         QCOMPARE(p.Labels(QStringLiteral("labNutrVal%1"))[kCholesterol], QStringLiteral("78"));
         const FoodListEntry butter = p.list().Entry(1);
-        p.page().btnAcceptItem->click();
+        p.W("btnAcceptItem")->click();
         QCOMPARE(p.list().Entry(1), butter);
 
         p.ClickRow(1);
         p.EnterQuantity(QStringLiteral("1"));
-        p.page().btnAcceptItem->click();
+        p.W("btnAcceptItem")->click();
         QCOMPARE(p.list().Count(), 2);
         QCOMPARE(p.grid().rowCount(), 3);
         QCOMPARE(p.Cells(1), WithNutrients({"1", "1 tbsp", "Dairy and Eggs", "Butter", "Salted"},
@@ -214,7 +216,7 @@ private slots:
         // The keys move to a row as a click does.
         p.ClickRow(1);
         QTest::keyClick(&p.grid(), Qt::Key_Down);
-        QCOMPARE(p.page().comTier2->currentText(), QStringLiteral("Cheddar"));
+        QCOMPARE(p.W<QComboBox>("comTier2")->currentText(), QStringLiteral("Cheddar"));
 
         p.h.main->resize(p.h.main->width(), p.h.main->height() + 300);  // room below the rows
         const std::function<void()> outside[] = {
@@ -226,7 +228,7 @@ private slots:
         };
         for (const auto& click : outside) {
             p.ClickRow(2);
-            QVERIFY(p.page().btnDeleteItem->isEnabled());
+            QVERIFY(p.W("btnDeleteItem")->isEnabled());
             click();
             p.VerifyChooserReset();
         }
@@ -236,10 +238,10 @@ private slots:
     void TheViewSwitchesTheChosenFoodsValues()
     {
         Program p;
-        auto* copy = p.h.main->findChild<QAction*>("mnuCopyToFavorites");
-        auto* remove = p.h.main->findChild<QAction*>("mnuDeleteFromDatabase");
+        auto* copy = p.W<QAction>("mnuCopyToFavorites");
+        auto* remove = p.W<QAction>("mnuDeleteFromDatabase");
         QVERIFY(!copy->isEnabled() && !remove->isEnabled());
-        p.page().btnNewItem->click();
+        p.W("btnNewItem")->click();
         p.page().RecreateTiers(5);  // cheddar: 7 g protein, 14% of 50 g
         const QString values = QStringLiteral("labNutrVal%1"), units = QStringLiteral("labNutrUnit%1");
         QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("7"));
@@ -273,10 +275,10 @@ private slots:
 
         p.ClickRow(2);
         prompts.answers = {MsgResult::No, MsgResult::Yes};
-        p.page().btnDeleteItem->click();
+        p.W("btnDeleteItem")->click();
         QCOMPARE(p.list().Count(), 3);
         QVERIFY(!p.h.session.foodTable.DatabaseDirty);
-        p.page().btnDeleteItem->click();
+        p.W("btnDeleteItem")->click();
         const QString question = QStringLiteral("This will delete the item:\r\n") + item +
                                  QStringLiteral("\r\nfrom your list, as shown in the grid.\r\n\r\n"
                                                 "Do you want to delete this item?");
@@ -301,7 +303,7 @@ private slots:
         for (int rows = 2; rows > 0; --rows) {
             prompts.answers = {MsgResult::Yes};
             p.ClickRow(rows);
-            p.page().btnDeleteItem->click();
+            p.W("btnDeleteItem")->click();
             p.VerifyListMenus(rows > 1);
         }
         QCOMPARE(p.grid().rowCount(), 1);
@@ -335,12 +337,12 @@ private slots:
                  Shown({"Analysis saved.", "Save Profile", MsgIcon::Information, MsgButtons::Ok}));
 
         p.Run("mnuClearList");  // saved: nothing to ask
-        p.h.main->tabMain->setCurrentIndex(2);
+        p.tabs().setCurrentIndex(2);
         p.Run("mnuOpen", "day.pwl");
         QVERIFY(p.list().Count() == 2 && p.list().Entry(1) == butter && p.list().Entry(2) == cheddar);
-        QCOMPARE(p.h.main->gridMain->item(0, 0)->text(), QStringLiteral("2-1/2"));
+        QCOMPARE(p.grid().item(0, 0)->text(), QStringLiteral("2-1/2"));
         QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
-        QCOMPARE(p.h.main->tabMain->currentIndex(), 2);  // back where the file was opened from
+        QCOMPARE(p.tabs().currentIndex(), 2);  // back where the file was opened from
         const FileDialogRequest& open = p.h.fakes.files.openRequests.at(0);
         QVERIFY(open.overwritePrompt && open.pathMustExist && !open.fileMustExist && open.proposedName.isEmpty());
         p.Run("mnuSave", "again.pwl");
@@ -369,7 +371,7 @@ private slots:
 
         p.h.folder.Write("profile.pwl", kAnn);
         p.Run("mnuOpen", "profile.pwl");
-        QVERIFY(p.list().Count() == 0 && p.Name() == "Ann" && p.h.main->tabMain->isTabEnabled(1));
+        QVERIFY(p.list().Count() == 0 && p.Name() == "Ann" && p.tabs().isTabEnabled(1));
 
         p.h.folder.Write("random.pwl", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
         p.Run("mnuOpen", "random.pwl");
@@ -400,9 +402,9 @@ private:
         if (saved)
             p.Run("mnuSave", "saved.pwl");
         if (deleted) {
-            p.h.main->listGrid->gridMain_Click(1);
+            p.ClickRow(1);
             p.h.fakes.prompts.answers = {MsgResult::Yes};
-            p.h.main->foodListPage->btnDeleteItem->click();
+            p.W("btnDeleteItem")->click();
         }
         const int count = p.list().Count();
         const size_t before = p.Messages().size();

@@ -254,24 +254,26 @@ private slots:
         ProgramHarness h;
         h.StartOn(DataFileBytes(SampleTable()), {});
         h.folder.Write("day.pwl", kDay);
-        MainWindow& w = *h.main;
-        const auto menus = {w.mnuPrintPreview, w.mnuExportPdf, w.mnuExportCsv, w.mnuList, w.mnuPrintAnalysis};
+        const auto menu = [&h](const char* name) { return Find<QAction>(*h.main, QString::fromLatin1(name)); };
+        const auto menus = {menu("mnuPrintPreview"), menu("mnuExportPdf"), menu("mnuExportCsv"), menu("mnuList"),
+                            menu("mnuPrintAnalysis")};
+        const NutrientChart& chart = FindOnly<NutrientChart>(*h.main);
         for (QAction* a : menus)
             QVERIFY(!a->isEnabled());
         h.fakes.files.answers.push_back(QString::fromStdString(h.folder.File("day.pwl")));
-        w.mnuOpen->trigger();
+        menu("mnuOpen")->trigger();
         QCOMPARE(h.session.foodList.Count(), 2);
         for (QAction* a : menus)
             QVERIFY(a->isEnabled());
         // The chart shows the day at once.
-        QCOMPARE(w.chartNutrients->Data().bars.at(0), (ChartBar{"Calories", 21}));
-        QCOMPARE(w.chartNutrients->Data().bars.at(6), (ChartBar{"Calcium", 87}));
+        QCOMPARE(chart.Data().bars.at(0), (ChartBar{"Calories", 21}));
+        QCOMPARE(chart.Data().bars.at(6), (ChartBar{"Calcium", 87}));
         h.fakes.prompts.messages.clear();
 
         RecordingPrinter& printer = h.fakes.printer;
-        w.mnuPrintAnalysis->trigger();
-        w.mnuList->trigger();
-        w.mnuPrintPreview->trigger();
+        menu("mnuPrintAnalysis")->trigger();
+        menu("mnuList")->trigger();
+        menu("mnuPrintPreview")->trigger();
         QCOMPARE(printer.printed.size(), size_t(2));
         QCOMPARE(printer.printed[0].title, std::string(texts::kAnalysisReportTitle));
         QVERIFY(printer.printed[1].landscape && printer.printed[1].personName == "Ann Example");
@@ -285,9 +287,9 @@ private slots:
         const QString pdf = QString::fromStdString(h.folder.File("report.pdf"));
         h.fakes.prompts.answers = {MsgResult::No, MsgResult::Yes};
         h.fakes.files.answers.push_back(pdf);
-        w.mnuPrintAnalysis->trigger();
+        menu("mnuPrintAnalysis")->trigger();
         QVERIFY(h.fakes.files.saveRequests.empty());
-        w.mnuPrintAnalysis->trigger();
+        menu("mnuPrintAnalysis")->trigger();
         QCOMPARE(h.fakes.prompts.messages.size(), size_t(2));
         QCOMPARE(h.fakes.prompts.messages[0].text, QString::fromLatin1(texts::kNoPrinter));
         QVERIFY(h.fakes.prompts.messages[0].buttons == MsgButtons::YesNo && h.fakes.prompts.messages[0].title == "Print");
@@ -299,17 +301,17 @@ private slots:
         // CSV as the list holds it; a file that cannot be written is told.
         h.fakes.files.answers = {QString::fromStdString(h.folder.File("day.csv")),
                                  QString::fromStdString(h.folder.File("missing/day.pdf"))};
-        w.mnuExportCsv->trigger();
+        menu("mnuExportCsv")->trigger();
         QCOMPARE(h.fakes.files.saveRequests.back().proposedName, "Ann Example " + date + ".csv");
         QCOMPARE(h.folder.Read("day.csv"), FoodListCsv(h.session.foodList));
-        w.mnuExportPdf->trigger();
+        menu("mnuExportPdf")->trigger();
         QCOMPARE(h.fakes.prompts.messages.back().text,
                  "The report could not be written to\r\n" + QString::fromStdString(h.folder.File("missing/day.pdf")));
 
-        w.mnuClearList->trigger();
+        menu("mnuClearList")->trigger();
         for (QAction* a : menus)
             QVERIFY(!a->isEnabled());
-        QCOMPARE(w.chartNutrients->Data().bars.at(0), (ChartBar{"Calories", 0}));
+        QCOMPARE(chart.Data().bars.at(0), (ChartBar{"Calories", 0}));
     }
 
     void TheCommandLineNamesTheListAndTheExport()

@@ -43,6 +43,9 @@ using namespace pw::test;
 
 namespace {
 
+QTableWidget* Grid(const QWidget& w) { return Find<QTableWidget>(w, QStringLiteral("gridMain")); }
+QTabWidget* Tabs(const QWidget& w) { return Find<QTabWidget>(w, QStringLiteral("tabMain")); }
+
 // Writes the program folder on the sample table with pw.ini text settings
 // (none when empty) and starts the program.
 bool Started(ProgramHarness& program, const std::string& settings = QuietSettings())
@@ -202,16 +205,16 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(w.width(), TwipsToPx(7728, dx));
         QCOMPARE(w.height(), TwipsToPx(6000, dy));
-        QCOMPARE(w.gridMain->width(), TwipsToPx(7512, dx));
-        QCOMPARE(w.gridMain->height(), TwipsToPx(1800, dy));
-        QCOMPARE(w.gridMain->x(), TwipsToPx(60, dx));
-        QCOMPARE(w.gridMain->y(), TwipsToPx(3540, dy));
+        QCOMPARE(Grid(w)->width(), TwipsToPx(7512, dx));
+        QCOMPARE(Grid(w)->height(), TwipsToPx(1800, dy));
+        QCOMPARE(Grid(w)->x(), TwipsToPx(60, dx));
+        QCOMPARE(Grid(w)->y(), TwipsToPx(3540, dy));
 
         w.resize(TwipsToPx(10000, dx), TwipsToPx(9000, dy));
         QCoreApplication::processEvents();
-        QCOMPARE(w.gridMain->width(), TwipsToPx(PxToTwips(w.width(), dx) - 216, dx));
-        QCOMPARE(w.gridMain->height(), TwipsToPx(PxToTwips(w.height(), dy) - 4200, dy));
-        QCOMPARE(w.tabMain->x(), TwipsToPx(PxToTwips(w.width(), dx) / 2 - 3756, dx));
+        QCOMPARE(Grid(w)->width(), TwipsToPx(PxToTwips(w.width(), dx) - 216, dx));
+        QCOMPARE(Grid(w)->height(), TwipsToPx(PxToTwips(w.height(), dy) - 4200, dy));
+        QCOMPARE(Tabs(w)->x(), TwipsToPx(PxToTwips(w.width(), dx) / 2 - 3756, dx));
     }
 
     void FirstRunOffersTheTutorialAndClearsTheFlag()
@@ -318,7 +321,7 @@ private slots:
         QVERIFY(Started(program, QuietSettings("CURRENT TIP:7\r\nREMEMBER COLUMN WIDTH:True\r\nCOLUMN04:5000\r\n")));
         MainWindow& w = *program.main;
         Settings& s = program.session.settings;
-        QCOMPARE(w.gridMain->columnWidth(4), TwipsToPx(5000, w.logicalDpiX()));
+        QCOMPARE(Grid(w)->columnWidth(4), TwipsToPx(5000, w.logicalDpiX()));
 
         w.findChild<QAction*>("mnuShowTip")->trigger();
         QVERIFY(s.showTips);
@@ -437,12 +440,12 @@ private slots:
 
         // A profile loads as Load Profile loads it: the list's tabs open.
         program.folder.Write("Bob.PWP", kBob);
-        OpenDocument(w, path("Bob.PWP"));
-        QVERIFY(name->text() == "Bob" && w.tabMain->isTabEnabled(1) && w.windowTitle() == "Platewell");
+        w.OpenDocument(path("Bob.PWP"));
+        QVERIFY(name->text() == "Bob" && Tabs(w)->isTabEnabled(1) && w.windowTitle() == "Platewell");
         // A list opens as File > Open opens it: its profile, its foods, its
         // name in the caption, saved.
         program.folder.Write("day.pwl", "NAME:Ann\r\n" + kBobsDay.substr(10));
-        OpenDocument(w, path("day.pwl"));
+        w.OpenDocument(path("day.pwl"));
         QVERIFY(name->text() == "Ann" && program.session.foodList.Count() == 1 && program.session.foodList.listSaved);
         QCOMPARE(w.windowTitle(), "Platewell - " + path("day.pwl"));
         QVERIFY(program.fakes.prompts.messages.empty());
@@ -451,7 +454,7 @@ private slots:
         // list is reported as File > Open reports it.
         program.session.foodList.listSaved = false;
         program.folder.Write("notes.txt", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
-        OpenDocument(w, path("notes.txt"));
+        w.OpenDocument(path("notes.txt"));
         const auto& shown = program.fakes.prompts.messages;
         QCOMPARE(shown.size(), size_t(2));
         QCOMPARE(Shown(shown[0]), Shown({"Do you want to save your foodlist?", "Open Analysis", MsgIcon::Question,
@@ -706,7 +709,14 @@ private slots:
         MainWindow& w = *program.main;
         w.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&w));
-        FoodListPage& chooser = *w.foodListPage;
+        const FoodListPage& chooser = FindOnly<FoodListPage>(w);
+        auto* btnNewItem = Find<QPushButton>(chooser, QStringLiteral("btnNewItem"));
+        auto* btnAcceptItem = Find<QPushButton>(chooser, QStringLiteral("btnAcceptItem"));
+        auto* btnDeleteItem = Find<QPushButton>(chooser, QStringLiteral("btnDeleteItem"));
+        auto* comQuantity = Find<QComboBox>(chooser, QStringLiteral("comQuantity"));
+        QComboBox* comTier[4];
+        for (int t = 0; t < 4; ++t)
+            comTier[t] = Find<QComboBox>(chooser, QStringLiteral("comTier%1").arg(t));
         const auto focus = [] { return QApplication::focusWidget(); };
         const auto key = [&](Qt::Key k, Qt::KeyboardModifiers m = Qt::NoModifier) { QTest::keyClick(focus(), k, m); };
         const auto type = [&](const char* text) { QTest::keyClicks(focus(), QString::fromLatin1(text)); };
@@ -734,21 +744,21 @@ private slots:
 
         // Two foods through the four tiers; the first with "2-1/2" and Enter.
         key(Qt::Key_L, Qt::AltModifier);
-        QCOMPARE(w.tabMain->currentIndex(), 1);
+        QCOMPARE(Tabs(w)->currentIndex(), 1);
         for (const char* quantity : {"2-1/2", "1/3"}) {
-            QVERIFY(tabTo(chooser.btnNewItem));
+            QVERIFY(tabTo(btnNewItem));
             key(Qt::Key_Space);
-            QCOMPARE(focus(), chooser.comTier0);
-            QVERIFY(pick(chooser.comTier0, "Fruits"));
+            QCOMPARE(focus(), comTier[0]);
+            QVERIFY(pick(comTier[0], "Fruits"));
             key(Qt::Key_Tab);
-            QVERIFY(pick(chooser.comTier1, "Apples"));
+            QVERIFY(pick(comTier[1], "Apples"));
             key(Qt::Key_Tab);
-            QVERIFY(pick(chooser.comTier2, "Raw, with skin"));
+            QVERIFY(pick(comTier[2], "Raw, with skin"));
             key(Qt::Key_Tab);  // the quantity waits for a measure
-            QCOMPARE(focus(), chooser.comTier3);
-            QVERIFY(pick(chooser.comTier3, "1 medium"));
+            QCOMPARE(focus(), comTier[3]);
+            QVERIFY(pick(comTier[3], "1 medium"));
             key(Qt::Key_Tab, Qt::ShiftModifier);
-            QCOMPARE(focus(), chooser.comQuantity);
+            QCOMPARE(focus(), comQuantity);
             key(Qt::Key_A, Qt::ControlModifier);
             type(quantity);
             key(Qt::Key_Return);
@@ -758,22 +768,22 @@ private slots:
         QCOMPARE(list.Entry(1).quantityText, std::string("2-1/2"));
         QCOMPARE(list.Entry(1).amounts[2], 62);  // 2.5 x 25 g carbohydrates, half to even
         QCOMPARE(list.Entry(2).quantityText, std::string("1/3"));
-        QCOMPARE(focus(), chooser.btnNewItem);
+        QCOMPARE(focus(), btnNewItem);
 
         // The grid is one Tab stop that selects nothing until a row is chosen.
-        QVERIFY(tabTo(w.gridMain));
-        QVERIFY(w.gridMain->selectedItems().isEmpty());
-        QVERIFY(!chooser.btnDeleteItem->isEnabled());
+        QVERIFY(tabTo(Grid(w)));
+        QVERIFY(Grid(w)->selectedItems().isEmpty());
+        QVERIFY(!btnDeleteItem->isEnabled());
         key(Qt::Key_Down);
         key(Qt::Key_Down);
         QCOMPARE(list.selectedRow, std::int16_t(2));
-        QCOMPARE(chooser.btnAcceptItem->text(), QStringLiteral("Change"));
+        QCOMPARE(btnAcceptItem->text(), QStringLiteral("Change"));
         program.fakes.prompts.answers = {MsgResult::Yes};
         key(Qt::Key_Delete);
         QCOMPARE(list.Count(), 1);
         QCOMPARE(program.fakes.prompts.messages.at(0).title, QStringLiteral("Confirm Delete from List"));
         key(Qt::Key_Tab);
-        QVERIFY(focus() != w.gridMain);
+        QVERIFY(focus() != Grid(w));
 
         // Ctrl+S saves the list through the file dialog.
         const std::string saved = program.folder.File("day.pwl");
@@ -790,7 +800,7 @@ private slots:
         QVERIFY(calls[0].command == kHelpContext && calls[0].context == 4);
         QVERIFY(calls[0].file.endsWith("pw.hlp", Qt::CaseInsensitive));
         for (int tab : {0, 1, 2}) {
-            w.tabMain->setCurrentIndex(tab);
+            Tabs(w)->setCurrentIndex(tab);
             QTest::keyClick(&w, Qt::Key_F1);
             QVERIFY(calls.back().command == kHelpContext && calls.back().context == 2 + tab);
         }
@@ -800,17 +810,17 @@ private slots:
         for (QAction* menu : w.menuBar()->actions())
             keys.insert(menu->text().at(menu->text().indexOf('&') + 1).toLower());
         for (int tab = 0; tab < 3; ++tab) {
-            const QString caption = w.tabMain->tabText(tab);
+            const QString caption = Tabs(w)->tabText(tab);
             QVERIFY2(caption.contains('&') && !keys.contains(caption.at(caption.indexOf('&') + 1).toLower()),
                      qPrintable(caption));
             keys.insert(caption.at(caption.indexOf('&') + 1).toLower());
         }
-        QCOMPARE(w.mnuOpen->shortcut(), QKeySequence(QKeySequence::Open));
-        QCOMPARE(w.mnuSave->shortcut(), QKeySequence(QKeySequence::Save));
-        QCOMPARE(w.mnuPrintAnalysis->shortcut(), QKeySequence(QKeySequence::Print));
-        w.tabMain->setCurrentIndex(0);
+        QCOMPARE(Find<QAction>(w, QStringLiteral("mnuOpen"))->shortcut(), QKeySequence(QKeySequence::Open));
+        QCOMPARE(Find<QAction>(w, QStringLiteral("mnuSave"))->shortcut(), QKeySequence(QKeySequence::Save));
+        QCOMPARE(Find<QAction>(w, QStringLiteral("mnuPrintAnalysis"))->shortcut(), QKeySequence(QKeySequence::Print));
+        Tabs(w)->setCurrentIndex(0);
         QTest::keyClick(&w, Qt::Key_A, Qt::AltModifier);
-        QCOMPARE(w.tabMain->currentIndex(), 2);
+        QCOMPARE(Tabs(w)->currentIndex(), 2);
     }
 };
 

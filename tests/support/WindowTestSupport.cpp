@@ -52,13 +52,13 @@ QStringList ComboItems(const QComboBox* combo)
 
 void ChooseFood(FoodListPage& page, const QStringList& tiers)
 {
-    page.btnNewItem->click();
-    QComboBox* combos[] = {page.comTier0, page.comTier1, page.comTier2, page.comTier3};
+    Find<QPushButton>(page, QStringLiteral("btnNewItem"))->click();
     for (int t = 0; t < 4; ++t) {
-        const int i = combos[t]->findText(tiers[t]);
-        if (combos[t]->currentIndex() != i) {
-            combos[t]->setCurrentIndex(i);
-            emit combos[t]->activated(i);
+        auto* combo = Find<QComboBox>(page, QStringLiteral("comTier%1").arg(t));
+        const int i = combo->findText(tiers[t]);
+        if (combo->currentIndex() != i) {
+            combo->setCurrentIndex(i);
+            emit combo->activated(i);
         }
     }
 }

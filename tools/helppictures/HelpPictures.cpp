@@ -45,6 +45,26 @@ using namespace pw;
 
 namespace {
 
+// The control named name under root, as the windows name their controls; the
+// tool stops when a window no longer has it.
+template <class T>
+T* Named(const QObject& root, const QString& name)
+{
+    T* found = root.findChild<T*>(name);
+    if (!found)
+        qFatal("no control %s", qPrintable(name));
+    return found;
+}
+
+template <class T>
+T& FindOnly(const QObject& root)
+{
+    T* found = root.findChild<T*>();
+    if (!found)
+        qFatal("no %s", T::staticMetaObject.className());
+    return *found;
+}
+
 bool Copy(const QString& from, const QString& to)
 {
     QFile::remove(to);
@@ -96,11 +116,11 @@ bool Choose(FoodListPage& chooser, int food, const char* quantity)
 {
     if (food < 0)
         return false;
-    chooser.btnNewItem->click();
+    Named<QPushButton>(chooser, "btnNewItem")->click();
     chooser.RecreateTiers(food);
-    chooser.comQuantity->setEditText(QString::fromLatin1(quantity));
+    Named<QComboBox>(chooser, "comQuantity")->setEditText(QString::fromLatin1(quantity));
     chooser.ProcessData();
-    return chooser.btnAcceptItem->isEnabled();
+    return Named<QPushButton>(chooser, "btnAcceptItem")->isEnabled();
 }
 
 }  // namespace
@@ -150,11 +170,11 @@ int main(int argc, char** argv)
     main->resize(760, 560);  // fits the help window's page
     Pictures pictures(out);
 
-    main->tabMain->setCurrentIndex(0);
+    Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(0);
     pictures.Save(main, "profile.png");
 
     // A day's list: breakfast, lunch and a snack.
-    FoodListPage& chooser = *main->foodListPage;
+    FoodListPage& chooser = FindOnly<FoodListPage>(*main);
     const FoodTable& table = session.foodTable;
     const struct {
         const char* group;
@@ -171,65 +191,68 @@ int main(int argc, char** argv)
         {"Vegetables", "Broccoli", "Cooked", "1 spear", "2-1/2"},
         {"Fruits", "Apples", "Raw, with skin", "1 medium", " 1"},
     };
-    main->tabMain->setCurrentIndex(1);
+    Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(1);
     for (const auto& food : day)
         if (Choose(chooser, FindFood(table, food.group, food.subgroup, food.description, food.measure), food.quantity))
-            chooser.btnAcceptItem->click();
+            Named<QPushButton>(chooser, "btnAcceptItem")->click();
     // A food chosen and waiting for "Add to List".
     Choose(chooser, FindFood(table, "Nuts, Seeds, Legumes, Beans", "Peanut butter", "Smooth style, with salt", "2 tbsp"),
            " 1");
     pictures.Save(main, "foodlist.png");
 
-    main->tabMain->setCurrentIndex(2);
+    Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(2);
     pictures.Save(main, "analysis.png");
-    main->tabMain->setCurrentIndex(1);
+    Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(1);
 
     // The search window with results and one of them picked.
-    chooser.btnNewItem->click();
-    chooser.btnSearch->click();
-    if (SearchDialog* search = main->frmSearch) {
-        search->txtSearch->setText(QStringLiteral("oat"));
-        search->btnSearch->setEnabled(true);
-        search->btnSearch->click();
+    Named<QPushButton>(chooser, "btnNewItem")->click();
+    Named<QPushButton>(chooser, "btnSearch")->click();
+    if (SearchDialog* search = main->findChild<SearchDialog*>(QStringLiteral("frmSearch"))) {
+        Named<QLineEdit>(*search, "txtSearch")->setText(QStringLiteral("oat"));
+        auto* find = Named<QPushButton>(*search, "btnSearch");
+        find->setEnabled(true);
+        find->click();
         if (search->gridSearch->rowCount() > 1)
             search->gridSearch->setCurrentCell(1, 0);
         pictures.Save(search, "search.png");
-        search->btnCancel->click();
+        Named<QPushButton>(*search, "btnCancel")->click();
     }
 
-    main->mnuAddCustomItem->trigger();
-    if (AddFoodDialog* add = main->database->frmAdd) {
+    Named<QAction>(*main, "mnuAddCustomItem")->trigger();
+    if (AddFoodDialog* add = main->findChild<AddFoodDialog*>(QStringLiteral("frmAdd"))) {
         // Filled in as a person would fill it from a package's label.
-        const int snacks = add->comPrimary->findText(QStringLiteral("Snacks"));
-        add->comPrimary->setCurrentIndex(snacks);
-        emit add->comPrimary->activated(snacks);
-        add->comSecondary->setEditText(QStringLiteral("Granola bars"));
-        emit add->comSecondary->lineEdit()->textEdited(add->comSecondary->currentText());
-        add->txtDescription->setText(QStringLiteral("Oat and honey, store brand"));
-        add->txtMeasure->setText(QStringLiteral("1 bar (40 g)"));
+        auto* primary = Named<QComboBox>(*add, "comPrimary");
+        const int snacks = primary->findText(QStringLiteral("Snacks"));
+        primary->setCurrentIndex(snacks);
+        emit primary->activated(snacks);
+        auto* secondary = Named<QComboBox>(*add, "comSecondary");
+        secondary->setEditText(QStringLiteral("Granola bars"));
+        emit secondary->lineEdit()->textEdited(secondary->currentText());
+        Named<QLineEdit>(*add, "txtDescription")->setText(QStringLiteral("Oat and honey, store brand"));
+        Named<QLineEdit>(*add, "txtMeasure")->setText(QStringLiteral("1 bar (40 g)"));
         const char* const label[] = {"4", "29", "6", "0", "2", "10", "8"};
-        for (std::size_t i = 0; i < add->txtNutrVal.size() && i < std::size(label); ++i)
-            add->txtNutrVal[i]->setText(QString::fromLatin1(label[i]));
+        for (std::size_t i = 0; i < kCustomNutrients && i < std::size(label); ++i)
+            Named<QLineEdit>(*add, QStringLiteral("txtNutrVal%1").arg(i))->setText(QString::fromLatin1(label[i]));
         add->optDV[5]->click();
         add->optDV[6]->click();
         pictures.Save(add, "addcustom.png");
         add->reject();
     }
 
-    main->mnuSaveAsDish->trigger();
-    if (SaveDishDialog* dish = main->database->frmSaveList) {
-        dish->comSubgroup->setEditText(QStringLiteral("Breakfast"));
-        dish->txtDescription->setText(QStringLiteral("Usual breakfast"));
-        dish->txtMeasure->setText(QStringLiteral("1 breakfast"));
+    Named<QAction>(*main, "mnuSaveAsDish")->trigger();
+    if (SaveDishDialog* dish = main->findChild<SaveDishDialog*>(QStringLiteral("frmSaveList"))) {
+        Named<QComboBox>(*dish, "comSubgroup")->setEditText(QStringLiteral("Breakfast"));
+        Named<QLineEdit>(*dish, "txtDescription")->setText(QStringLiteral("Usual breakfast"));
+        Named<QLineEdit>(*dish, "txtMeasure")->setText(QStringLiteral("1 breakfast"));
         pictures.Save(dish, "savedish.png");
         dish->reject();
     }
 
     Choose(chooser, FindFood(table, "Fruits", "Bananas", "Raw", "1 medium"), " 1");
-    main->mnuCopyToFavorites->trigger();
-    if (CopyFavoritesDialog* copy = main->database->frmCopy) {
-        copy->comSubgroup->setEditText(QStringLiteral("Snacks"));
-        copy->txtDescription->setText(QStringLiteral("Banana"));
+    Named<QAction>(*main, "mnuCopyToFavorites")->trigger();
+    if (CopyFavoritesDialog* copy = main->findChild<CopyFavoritesDialog*>(QStringLiteral("frmCopy"))) {
+        Named<QComboBox>(*copy, "comSubgroup")->setEditText(QStringLiteral("Snacks"));
+        Named<QLineEdit>(*copy, "txtDescription")->setText(QStringLiteral("Banana"));
         pictures.Save(copy, "copyfavorites.png");
         copy->reject();
     }
@@ -240,10 +263,10 @@ int main(int argc, char** argv)
     pictures.Save(&tip, "tip.png");
     tip.hide();
 
-    main->mnuAbout->trigger();
-    if (main->aboutBox) {
-        pictures.Save(main->aboutBox, "about.png");
-        main->aboutBox->hide();
+    Named<QAction>(*main, "mnuAbout")->trigger();
+    if (auto* about = main->findChild<AboutBox*>(QStringLiteral("frmAbout"))) {
+        pictures.Save(about, "about.png");
+        about->hide();
     }
 
     HelpWindow helpWindow;
@@ -256,7 +279,7 @@ int main(int argc, char** argv)
     }
 
     // A profile not yet complete, with the line that says what is missing.
-    main->tabMain->setCurrentIndex(0);
+    Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(0);
     if (auto* newProfile = main->findChild<QPushButton*>(QStringLiteral("btnNewProfile"))) {
         newProfile->click();
         main->findChild<QLineEdit*>(QStringLiteral("txtHeight"))->setText(QStringLiteral("64"));

@@ -113,6 +113,7 @@ void AnalysisPage::BuildControls()
     page->addWidget(frameAnalysis);
     btnTab3Help = new QPushButton(QStringLiteral("Help"), this);
     btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
+    connect(btnTab3Help, &QPushButton::clicked, this, &AnalysisPage::helpRequested);
     auto* helpRow = new QHBoxLayout;
     helpRow->addStretch(1);
     helpRow->addWidget(btnTab3Help);

@@ -34,8 +34,9 @@ public:
 
     // Puts a chart under the nutrients, taking the frame's free height.
     void AddChart(QWidget* chart);
+signals:
     // "Help": the main window opens the analysis topic.
-    QPushButton* btnTab3Help = nullptr;
+    void helpRequested();
 
 private:
     void BuildControls();
@@ -57,6 +58,7 @@ private:
     std::array<QLabel*, kShownNutrients> labDailyIntake{};
     // The column headers repeated over the second group of nutrients.
     std::array<QLabel*, 3> secondHeader_{};
+    QPushButton* btnTab3Help = nullptr;
     QVBoxLayout* frameLayout_ = nullptr;
 };
 

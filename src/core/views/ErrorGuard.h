@@ -1,6 +1,7 @@
 #pragma once
 // Where a run-time error from the model ends up: one critical message that
 // names it, and the end of the program without writing any file.
+#include <concepts>
 #include <QObject>
 #include <exception>
 #include <functional>
@@ -72,6 +73,15 @@ QMetaObject::Connection ConnectGuarded(Sender* sender, Signal signal, Receiver* 
 {
     return QObject::connect(sender, signal, receiver,
                             [receiver, handler, guard] { RunGuarded(guard, [&] { (receiver->*handler)(); }); });
+}
+// The same for any action that takes no arguments, run in context's thread
+// and dropped with it.
+template <class Sender, class Signal, class Action>
+    requires std::invocable<Action&>
+QMetaObject::Connection ConnectGuarded(Sender* sender, Signal signal, QObject* context, Action action,
+                                       ErrorGuard* guard)
+{
+    return QObject::connect(sender, signal, context, [action, guard] { RunGuarded(guard, action); });
 }
 
 }  // namespace pw

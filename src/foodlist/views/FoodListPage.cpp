@@ -3,6 +3,7 @@
 #include "core/views/Widgets.h"
 #include "core/views/ErrorGuard.h"
 
+#include <algorithm>
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
@@ -52,8 +53,9 @@ constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
-    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
+FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard,
+                           std::function<bool()> viewByUnits, QWidget* parent)
+    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams), viewByUnits_(std::move(viewByUnits))
 {
     BuildControls();
 
@@ -159,6 +161,7 @@ void FoodListPage::BuildControls()
     btnAcceptItem = MakeButton(this, "btnAcceptItem", texts::kCaptionAddToList, "Accept and add item to list");
     btnDeleteItem = MakeButton(this, "btnDeleteItem", "Delete from List", "Delete item from list");
     btnTab2Help = MakeButton(this, "btnTab2Help", "Help", nullptr);
+    connect(btnTab2Help, &QPushButton::clicked, this, &FoodListPage::helpRequested);
     for (auto* b : {btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help})
         buttons->addWidget(b);
     outer->addLayout(buttons);
@@ -170,27 +173,17 @@ void FoodListPage::BuildControls()
         setTabOrder(order[i - 1], order[i]);
 }
 
-void FoodListPage::SetHooks(ChooserHooks hooks) { hooks_ = std::move(hooks); }
-
-void FoodListPage::SetCopyToFavoritesEnabled(bool enabled)
-{
-    if (hooks_.setCopyToFavoritesEnabled)
-        hooks_.setCopyToFavoritesEnabled(enabled);
-}
-
-void FoodListPage::SetDeleteFromDatabaseEnabled(bool enabled)
-{
-    if (hooks_.setDeleteFromDatabaseEnabled)
-        hooks_.setDeleteFromDatabaseEnabled(enabled);
-}
-
-bool FoodListPage::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
+bool FoodListPage::ViewByUnits() const { return viewByUnits_ ? viewByUnits_() : true; }
 
 QComboBox* FoodListPage::TierCombo(int tier) const
 {
     const std::array<QComboBox*, 4> combos = {comTier0, comTier1, comTier2, comTier3};
     return combos.at(static_cast<std::size_t>(tier));
 }
+
+QString FoodListPage::TierText(int tier) const { return TierCombo(std::clamp(tier, 0, 3))->currentText(); }
+
+int FoodListPage::MeasureCount() const { return comTier3->count(); }
 
 bool FoodListPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
 
@@ -236,7 +229,7 @@ void FoodListPage::ResetMeasureTier()
     comTier3->setEnabled(false);
     labOf->setEnabled(false);
     comQuantity->setEnabled(false);
-    SetCopyToFavoritesEnabled(false);
+    emit copyToFavoritesAvailable(false);
     DisableItemInfo();
 }
 
@@ -297,7 +290,7 @@ void FoodListPage::ProcessTier2()
     } else {
         comQuantity->setEnabled(false);
         labTier[3]->setEnabled(false);
-        SetCopyToFavoritesEnabled(false);
+        emit copyToFavoritesAvailable(false);
         labOf->setEnabled(false);
         DisableItemInfo();
     }
@@ -309,7 +302,7 @@ void FoodListPage::ProcessTier3()
         comQuantity->setEnabled(false);
         labTier[3]->setEnabled(false);
         labOf->setEnabled(false);
-        SetCopyToFavoritesEnabled(false);
+        emit copyToFavoritesAvailable(false);
         DisableItemInfo();
         return;
     }
@@ -321,7 +314,7 @@ void FoodListPage::ProcessTier3()
     labOf->setEnabled(true);
     EnableItemInfo();
     ProcessData();
-    SetCopyToFavoritesEnabled(true);
+    emit copyToFavoritesAvailable(true);
 }
 
 void FoodListPage::ProcessTier(int tier)
@@ -377,7 +370,7 @@ void FoodListPage::DisableTiers()
     DisableItemInfo();
     btnAcceptItem->setEnabled(false);
     btnSearch->setEnabled(false);
-    SetCopyToFavoritesEnabled(false);
+    emit copyToFavoritesAvailable(false);
 }
 
 void FoodListPage::EnableTiers()
@@ -484,7 +477,7 @@ void FoodListPage::RecreateTiers(int index)
 
 void FoodListPage::EnableItemInfo()
 {
-    SetDeleteFromDatabaseEnabled(true);
+    emit deleteFromDatabaseAvailable(true);
     for (int i = 0; i < 8; ++i) {
         labNutr[i]->setEnabled(true);
         labNutrVal[i]->setEnabled(true);
@@ -494,7 +487,7 @@ void FoodListPage::EnableItemInfo()
 
 void FoodListPage::DisableItemInfo()
 {
-    SetDeleteFromDatabaseEnabled(false);
+    emit deleteFromDatabaseAvailable(false);
     for (int i = 0; i < 8; ++i) {
         labNutr[i]->setEnabled(false);
         labNutrVal[i]->setEnabled(false);

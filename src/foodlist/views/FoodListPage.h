@@ -20,14 +20,6 @@ class ErrorGuard;
 struct Seams;
 struct FoodSession;
 
-// What the chooser needs of the main window: the two database commands that
-// act on the chosen food, and the view.
-struct ChooserHooks {
-    std::function<void(bool)> setCopyToFavoritesEnabled;
-    std::function<void(bool)> setDeleteFromDatabaseEnabled;
-    std::function<bool()> viewByUnits;  // false: percent of DV
-};
-
 class FoodListPage : public QWidget {
     Q_OBJECT
 signals:
@@ -36,15 +28,21 @@ signals:
     void deleteRequested();
     // "Search": the search dialog is wanted.
     void searchRequested();
+    // "Help": the main window opens the food-list topic.
+    void helpRequested();
+    // Whether the chosen food can be copied to Favorites, and deleted from
+    // the food table, changed.
+    void copyToFavoritesAvailable(bool available);
+    void deleteFromDatabaseAvailable(bool available);
 
 public:
     // guard: where run-time errors of this page's handlers go (none for a
-    // page built on its own, whose errors reach its caller).
-    FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
+    // page built on its own, whose errors reach its caller). viewByUnits
+    // tells amounts (true, and when not given) from percents of DV.
+    FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr,
+                 std::function<bool()> viewByUnits = {}, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
-
-    void SetHooks(ChooserHooks hooks);
 
     // The group list and TierMap column 0, from the food table.
     void RebuildTierMap();
@@ -101,22 +99,11 @@ public:
 
     // True while a food is chosen (its nutrient values are enabled).
     bool FoodChosen() const;
+    // The text shown at a tier (0 group .. 3 measure), and how many measures
+    // the measure tier lists.
+    QString TierText(int tier) const;
+    int MeasureCount() const;
 
-    QComboBox* comTier0 = nullptr;
-    QComboBox* comTier1 = nullptr;
-    QComboBox* comTier2 = nullptr;
-    QComboBox* comTier3 = nullptr;
-    QComboBox* comQuantity = nullptr;
-    std::array<QLabel*, 4> labTier{};
-    QLabel* labOf = nullptr;
-    std::array<QLabel*, 8> labNutr{};
-    std::array<QLabel*, 8> labNutrVal{};
-    std::array<QLabel*, 8> labNutrUnit{};
-    QPushButton* btnNewItem = nullptr;
-    QPushButton* btnSearch = nullptr;
-    QPushButton* btnAcceptItem = nullptr;
-    QPushButton* btnDeleteItem = nullptr;
-    QPushButton* btnTab2Help = nullptr;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -135,14 +122,30 @@ private:
     void btnSearch_Click();
     void comQuantity_Click();
     void comQuantity_KeyUp();
-    void SetCopyToFavoritesEnabled(bool enabled);
-    void SetDeleteFromDatabaseEnabled(bool enabled);
     bool ViewByUnits() const;
     QComboBox* TierCombo(int tier) const;
 
     FoodSession& session_;
     Seams& seams_;
-    ChooserHooks hooks_;
+    std::function<bool()> viewByUnits_;
+
+    // The controls; each one's objectName is its member name (the arrays'
+    // are "labTier0", "labNutrVal0", ...).
+    QComboBox* comTier0 = nullptr;
+    QComboBox* comTier1 = nullptr;
+    QComboBox* comTier2 = nullptr;
+    QComboBox* comTier3 = nullptr;
+    QComboBox* comQuantity = nullptr;
+    std::array<QLabel*, 4> labTier{};
+    QLabel* labOf = nullptr;
+    std::array<QLabel*, 8> labNutr{};
+    std::array<QLabel*, 8> labNutrVal{};
+    std::array<QLabel*, 8> labNutrUnit{};
+    QPushButton* btnNewItem = nullptr;
+    QPushButton* btnSearch = nullptr;
+    QPushButton* btnAcceptItem = nullptr;
+    QPushButton* btnDeleteItem = nullptr;
+    QPushButton* btnTab2Help = nullptr;
 };
 
 }  // namespace pw

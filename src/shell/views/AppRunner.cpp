@@ -142,7 +142,7 @@ int RunPlatewell(int& argc, char** argv)
         request.listFile.isEmpty() ? QString() : QDir::cleanPath(QFileInfo(request.listFile).absoluteFilePath());
     if (!document.isEmpty())
         QObject::connect(&windows, &ProgramWindows::mainShown, &app,
-                         [&, document](MainWindow* w) { guard.Run([&] { OpenDocument(*w, document); }); });
+                         [&, document](MainWindow* w) { guard.Run([&] { w->OpenDocument(document); }); });
     SplashWindow& splash = windows.CreateSplash();
     splash.adjustSize();
     if (QScreen* screen = QGuiApplication::primaryScreen())

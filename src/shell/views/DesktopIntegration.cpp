@@ -1,32 +1,13 @@
 #include "shell/views/DesktopIntegration.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
 
-#include "analysis/AnalysisFile.h"
-#include "analysis/views/AnalysisFileCommands.h"
-#include "analysis/ProfileFile.h"
-#include "analysis/views/ProfilePage.h"
 #include "shell/views/Logo.h"
-#include "shell/views/MainWindow.h"
 
 namespace pw {
-
-void OpenDocument(MainWindow& window, const QString& path)
-{
-    if (path.endsWith(QString::fromLatin1(kProfileExtension), Qt::CaseInsensitive)) {
-        window.profilePage->ReadPWP(path);
-        return;
-    }
-    AnalysisFileCommands& listFile = *window.listFile;
-    if (listFile.ListNeedsSaving())
-        listFile.SaveGridQuery(QString::fromLatin1(texts::kTitleOpenAnalysis));
-    listFile.OpenListFile(path);
-}
 
 QIcon LogoIcon()
 {

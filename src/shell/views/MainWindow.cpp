@@ -93,7 +93,6 @@ QMenu* AddMenu(QWidget* parentMenu, const char* name, const char* caption)
     return menu;
 }
 
-
 // A menu's title in the bar follows the menu's own enabled state, so both
 // are set (the bar re-enabling its children must not re-enable the menu).
 void SetMenuEnabled(QMenu* menu, bool enabled)
@@ -178,13 +177,10 @@ void MainWindow::BuildMenus()
     // A new profile starts invalid: nothing to view until it is complete.
     SetMenuEnabled(mnuViewBy, false);
 
-    auto guarded = [this](QAction* action, auto handler) {
-        connect(action, &QAction::triggered, this, [this, handler] { guard_.Run([&] { (this->*handler)(); }); });
+    const auto guarded = [this](QAction* action, void (MainWindow::*handler)()) {
+        ConnectGuarded(action, &QAction::triggered, this, handler, &guard_);
     };
     guarded(mnuExit, &MainWindow::Egress);
-    guarded(mnuClearList, &MainWindow::mnuClearList_Click);
-    connect(mnuOpen, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuOpen_Click(); }); });
-    connect(mnuSave, &QAction::triggered, this, [this] { guard_.Run([&] { listFile->mnuSave_Click(); }); });
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
     guarded(mnuList, &MainWindow::mnuList_Click);
@@ -193,15 +189,11 @@ void MainWindow::BuildMenus()
     guarded(mnuExportPdf, &MainWindow::mnuExportPdf_Click);
     guarded(mnuExportCsv, &MainWindow::mnuExportCsv_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
-    guarded(mnuAddCustomItem, &MainWindow::mnuAddCustomItem_Click);
-    guarded(mnuSaveAsDish, &MainWindow::mnuSaveAsDish_Click);
-    guarded(mnuCopyToFavorites, &MainWindow::mnuCopyToFavorites_Click);
-    guarded(mnuDeleteFromDatabase, &MainWindow::mnuDeleteFromDatabase_Click);
     guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
     guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
     guarded(mnuRememberColumnWidth, &MainWindow::mnuRememberColumnWidth_Click);
-    connect(mnuViewByUnits, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(false); }); });
-    connect(mnuViewByDV, &QAction::triggered, this, [this] { guard_.Run([&] { SetViewMode(true); }); });
+    ConnectGuarded(mnuViewByUnits, &QAction::triggered, this, [this] { SetViewMode(false); }, &guard_);
+    ConnectGuarded(mnuViewByDV, &QAction::triggered, this, [this] { SetViewMode(true); }, &guard_);
 
     auto help = [this](QAction* action, const char* file, int command, std::optional<int> context) {
         connect(action, &QAction::triggered, this,
@@ -223,7 +215,7 @@ void MainWindow::BuildCentre()
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, &guard_, tabMain);
-    foodListPage = new FoodListPage(session_, seams_, &guard_, tabMain);
+    foodListPage = new FoodListPage(session_, seams_, &guard_, [this] { return ViewByUnits(); }, tabMain);
     // Window-modal over the main window: nothing there takes input while
     // the search dialog is open.
     connect(foodListPage, &FoodListPage::searchRequested, this, [this] {
@@ -233,9 +225,10 @@ void MainWindow::BuildCentre()
         }
         frmSearch->open();
     });
-    foodListPage->SetHooks({[this](bool on) { mnuCopyToFavorites->setEnabled(on); },
-                            [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); },
-                            [this] { return ViewByUnits(); }});
+    connect(foodListPage, &FoodListPage::copyToFavoritesAvailable, this,
+            [this](bool on) { mnuCopyToFavorites->setEnabled(on); });
+    connect(foodListPage, &FoodListPage::deleteFromDatabaseAvailable, this,
+            [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); });
     analysisPage = new AnalysisPage(session_, tabMain);
     chartNutrients = new NutrientChart(analysisPage);
     analysisPage->AddChart(chartNutrients);
@@ -246,9 +239,9 @@ void MainWindow::BuildCentre()
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
-    connect(foodListPage->btnTab2Help, &QPushButton::clicked, this,
+    connect(foodListPage, &FoodListPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
-    connect(analysisPage->btnTab3Help, &QPushButton::clicked, this,
+    connect(analysisPage, &AnalysisPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
     // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
     auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
@@ -290,15 +283,20 @@ void MainWindow::BuildCentre()
                                         this);
 
     ChooserLink chooser;
-    chooser.tierText = [this](int tier) {
-        const QComboBox* tiers[] = {foodListPage->comTier0, foodListPage->comTier1, foodListPage->comTier2,
-                                    foodListPage->comTier3};
-        return tiers[std::clamp(tier, 0, 3)]->currentText();
-    };
-    chooser.measureCount = [this] { return foodListPage->comTier3->count(); };
+    chooser.tierText = [this](int tier) { return foodListPage->TierText(tier); };
+    chooser.measureCount = [this] { return foodListPage->MeasureCount(); };
     chooser.disableTiers = [this] { foodListPage->DisableTiers(); };
     chooser.rebuildTierMap = [this] { foodListPage->RebuildTierMap(); };
     database = new DatabaseCommands(session_, seams_, guard_, std::move(chooser), *this);
+    // The File and Database menus' commands act through these two objects.
+    ConnectGuarded(mnuOpen, &QAction::triggered, listFile, &AnalysisFileCommands::mnuOpen_Click, &guard_);
+    ConnectGuarded(mnuSave, &QAction::triggered, listFile, &AnalysisFileCommands::mnuSave_Click, &guard_);
+    ConnectGuarded(mnuClearList, &QAction::triggered, listFile, &AnalysisFileCommands::mnuClearList_Click, &guard_);
+    ConnectGuarded(mnuAddCustomItem, &QAction::triggered, database, &DatabaseCommands::AddCustomItem, &guard_);
+    ConnectGuarded(mnuSaveAsDish, &QAction::triggered, database, &DatabaseCommands::SaveAsDish, &guard_);
+    ConnectGuarded(mnuCopyToFavorites, &QAction::triggered, database, &DatabaseCommands::CopyToFavorites, &guard_);
+    ConnectGuarded(mnuDeleteFromDatabase, &QAction::triggered, database, &DatabaseCommands::DeleteFromDatabase,
+                   &guard_);
     connect(database, &DatabaseCommands::clearListRequested, listGrid, &FoodListGrid::ClearGrid);
     connect(database, &DatabaseCommands::dishSaved, this, [this] { mnuSaveAsDish->setEnabled(false); });
     connect(database, &DatabaseCommands::deleteRefused, this, [this] { mnuDeleteFromDatabase->setEnabled(false); });
@@ -416,8 +414,6 @@ void MainWindow::ChangeView()
 
 void MainWindow::RefreshGrid() { listGrid->RefreshGrid(); }
 
-void MainWindow::mnuClearList_Click() { listFile->mnuClearList_Click(); }
-
 void MainWindow::UpdateListMenus()
 {
     const ListCommandStates allowed = ListCommandsFor(session_.foodList.Count());
@@ -448,6 +444,17 @@ void MainWindow::OnProfileValidated(bool valid)
 void MainWindow::ShowHelpTopic(const char* file, int command, std::optional<int> context)
 {
     seams_.help.ShowHelp(InFolder(session_.programFolder, QString::fromLatin1(file)), command, context);
+}
+
+void MainWindow::OpenDocument(const QString& path)
+{
+    if (path.endsWith(QString::fromLatin1(kProfileExtension), Qt::CaseInsensitive)) {
+        profilePage->ReadPWP(path);
+        return;
+    }
+    if (listFile->ListNeedsSaving())
+        listFile->SaveGridQuery(QString::fromLatin1(texts::kTitleOpenAnalysis));
+    listFile->OpenListFile(path);
 }
 
 void MainWindow::mnuShowTip_Click()
@@ -501,14 +508,6 @@ void MainWindow::mnuAbout_Click()
         aboutBox = new AboutBox(session_, this);
     aboutBox->open();
 }
-
-void MainWindow::mnuAddCustomItem_Click() { database->AddCustomItem(); }
-
-void MainWindow::mnuSaveAsDish_Click() { database->SaveAsDish(); }
-
-void MainWindow::mnuCopyToFavorites_Click() { database->CopyToFavorites(); }
-
-void MainWindow::mnuDeleteFromDatabase_Click() { database->DeleteFromDatabase(); }
 
 void MainWindow::mnuPlatewellWeb_Click()
 {

@@ -53,10 +53,55 @@ public:
     // The grid's header and every row of the list.
     void RefreshGrid();
     bool ViewByUnits() const;
-    // Opens the dialog that saves the list as a dish, with no capacity
-    // test: a full table is reported when the dish is saved.
-    void mnuSaveAsDish_Click();
+    // Opens a document handed over by the desktop or the command line: a
+    // profile (".pwp", in any case) as Load Profile does once its file is
+    // chosen, anything else as File > Open does once its file is chosen,
+    // after offering to save an unsaved list.
+    void OpenDocument(const QString& path);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildCentre();
+    void Form_Resize();
+    void OnProfileValidated(bool valid);
+    void ShowHelpTopic(const char* file, int command, std::optional<int> context);
+    void mnuShowTip_Click();
+    void mnuAbout_Click();
+    void mnuList_Click();
+    void mnuPrintAnalysis_Click();
+    // The analysis report previewed or saved as a PDF; the list as CSV.
+    void mnuPrintPreview_Click();
+    void mnuExportPdf_Click();
+    void mnuExportCsv_Click();
+    ReportSource CurrentReportSource() const;
+    // The chart follows the list's totals and the daily values.
+    void RefreshChart();
+    void mnuPlatewellWeb_Click();
+    void mnuRememberWindowSize_Click();
+    void mnuRememberColumnWidth_Click();
+    void SetViewMode(bool byDV);
+    // The list commands follow the list's length.
+    void UpdateListMenus();
+    int DpiX() const;
+    int DpiY() const;
+    int WidthTwips() const;
+    int HeightTwips() const;
+
+    Session& session_;
+    Seams& seams_;
+    std::unique_ptr<ReportCommands> reports_;
+    ErrorGuard& guard_;
+    bool loading_ = false;
+    bool egressDone_ = false;
+    TwipsLength width_;
+    TwipsLength height_;
+    std::array<TwipsLength, 13> columns_;
+
+    // The windows and menus, each found by its objectName as well.
     QTabWidget* tabMain = nullptr;
     QTableWidget* gridMain = nullptr;
     ProfilePage* profilePage = nullptr;
@@ -104,55 +149,6 @@ public:
     QAction* mnuPlatewellWeb = nullptr;
     QAction* mnuDisclaimer = nullptr;
     QAction* mnuAbout = nullptr;
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-
-private:
-    void BuildMenus();
-    void BuildCentre();
-    void Form_Resize();
-    void OnProfileValidated(bool valid);
-    void ShowHelpTopic(const char* file, int command, std::optional<int> context);
-    void mnuShowTip_Click();
-    void mnuAbout_Click();
-    void mnuList_Click();
-    void mnuPrintAnalysis_Click();
-    // The analysis report previewed or saved as a PDF; the list as CSV.
-    void mnuPrintPreview_Click();
-    void mnuExportPdf_Click();
-    void mnuExportCsv_Click();
-    ReportSource CurrentReportSource() const;
-    // The chart follows the list's totals and the daily values.
-    void RefreshChart();
-    void mnuPlatewellWeb_Click();
-    void mnuRememberWindowSize_Click();
-    void mnuRememberColumnWidth_Click();
-    void SetViewMode(bool byDV);
-    void mnuClearList_Click();
-    // The database commands: a custom food and the chosen food copied to
-    // Favorites are added, when there is room; the chosen food is deleted
-    // with all its measures.
-    void mnuAddCustomItem_Click();
-    void mnuCopyToFavorites_Click();
-    void mnuDeleteFromDatabase_Click();
-    // The list commands follow the list's length.
-    void UpdateListMenus();
-    int DpiX() const;
-    int DpiY() const;
-    int WidthTwips() const;
-    int HeightTwips() const;
-
-    Session& session_;
-    Seams& seams_;
-    std::unique_ptr<ReportCommands> reports_;
-    ErrorGuard& guard_;
-    bool loading_ = false;
-    bool egressDone_ = false;
-    TwipsLength width_;
-    TwipsLength height_;
-    std::array<TwipsLength, 13> columns_;
 };
 
 }  // namespace pw
