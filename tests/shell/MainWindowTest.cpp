@@ -131,22 +131,22 @@ private slots:
             SplashWindow& splash = *program.splash;
             int requested = 0;
             connect(&splash, &SplashWindow::mainRequested, this, [&] { ++requested; });
-            QCOMPARE(splash.timerSplash->interval(), 2000);
+            QCOMPARE(Find<QTimer>(splash, QStringLiteral("timerSplash"))->interval(), 2000);
             splash.show();
-            splash.timerSplash->start();
+            Find<QTimer>(splash, QStringLiteral("timerSplash"))->start();
             if (way == "timer")
                 QTRY_COMPARE_WITH_TIMEOUT(requested, 1, 5000);
             else if (way == "key")
                 QTest::keyClick(&splash, Qt::Key_Space);
             else if (way == "logo")
-                QTest::mouseClick(splash.imgLogo, Qt::LeftButton);
+                QTest::mouseClick(Find<QLabel>(splash, QStringLiteral("imgLogo")), Qt::LeftButton);
             else
                 QTest::mouseClick(&splash, Qt::LeftButton, {}, QPoint(1, 1));
             QCOMPARE(requested, 1);
-            QVERIFY(!splash.timerSplash->isActive());
+            QVERIFY(!Find<QTimer>(splash, QStringLiteral("timerSplash"))->isActive());
             // Whatever comes next does not hand over again.
             QTest::keyClick(&splash, Qt::Key_Return);
-            QTest::mouseClick(splash.imgLogo, Qt::LeftButton);
+            QTest::mouseClick(Find<QLabel>(splash, QStringLiteral("imgLogo")), Qt::LeftButton);
             QTest::qWait(50);
             QCOMPARE(requested, 1);
             QVERIFY(!program.session.settings.firstRun);  // FIRST RUN:False in the file
@@ -358,11 +358,11 @@ private slots:
         auto* about = w.findChild<AboutBox*>("frmAbout");
         QVERIFY(about && about->isVisible() && about->isModal());
         QCOMPARE(about->windowTitle(), QStringLiteral("About Platewell"));
-        QCOMPARE((QStringList{about->labTitle->text(), about->labVersion->text(), about->labDataVersion->text(),
-                              about->labHelpVersion->text(), about->Label1->text()}),
+        QCOMPARE((QStringList{Find<QLabel>(*about, QStringLiteral("labTitle"))->text(), Find<QLabel>(*about, QStringLiteral("labVersion"))->text(), Find<QLabel>(*about, QStringLiteral("labDataVersion"))->text(),
+                              Find<QLabel>(*about, QStringLiteral("labHelpVersion"))->text(), Find<QLabel>(*about, QStringLiteral("Label1"))->text()}),
                  (QStringList{"Platewell", "Program version: 2.04W", "Data version: 1.37 Test data",
                               "Help file version: 2.02", "All Rights Reserved"}));
-        about->cmdOK->click();
+        Find<QPushButton>(*about, QStringLiteral("cmdOK"))->click();
         QVERIFY(!about->isVisible() && about->result() == QDialog::Accepted);
 
         w.findChild<QAction*>("mnuPlatewellWeb")->trigger();
@@ -510,13 +510,13 @@ private slots:
         {
             ProgramHarness program;  // an empty file shows an empty tip
             QVERIFY(StartAtTips(program, 0, ""));
-            QCOMPARE(program.tip->lblTipText->text(), QString());
+            QCOMPARE(Find<QLabel>(*program.tip, QStringLiteral("lblTipText"))->text(), QString());
             QCOMPARE(program.session.settings.currentTip, 1);
         }
         {
             ProgramHarness program;  // binary bytes are shown as text, never run
             QVERIFY(StartAtTips(program, 0, std::string("<b>\0\x01\xff</b>", 9)));
-            QCOMPARE(program.tip->lblTipText->textFormat(), Qt::PlainText);
+            QCOMPARE(Find<QLabel>(*program.tip, QStringLiteral("lblTipText"))->textFormat(), Qt::PlainText);
         }
         std::string tooMany;
         for (int i = 0; i < 101; ++i)
@@ -647,7 +647,7 @@ private slots:
     {
         QStandardPaths::setTestModeEnabled(true);
         const auto title = [](const HelpWindow& w) {
-            return w.browser->document()->toPlainText().section('\n', 0, 0).trimmed();
+            return Find<QTextBrowser>(w, QStringLiteral("browserHelp"))->document()->toPlainText().section('\n', 0, 0).trimmed();
         };
         {
             HelpWindow window;
@@ -656,7 +656,7 @@ private slots:
             QCOMPARE(title(window), QStringLiteral("How to use Help"));
             QVERIFY(window.LoadFile(QStringLiteral(PLATEWELL_SOURCE_DIR "/data/pw.hlp")));
             window.show();
-            QVERIFY(!window.btnBack->isEnabled() && !window.btnForward->isEnabled());
+            QVERIFY(!Find<QPushButton>(window, QStringLiteral("btnBack"))->isEnabled() && !Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
             window.ShowTopic(0);
             QCOMPARE(title(window), QStringLiteral("Platewell Help"));
             window.ShowTopic(4);
@@ -664,16 +664,16 @@ private slots:
             window.ShowTopic(8);  // no such topic: the first page
             QCOMPARE(title(window), QStringLiteral("Platewell Help"));
             // A link of the page leads to the page that holds its anchor.
-            emit window.browser->anchorClicked(QUrl(QStringLiteral("#quantities")));
+            emit Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->anchorClicked(QUrl(QStringLiteral("#quantities")));
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            window.btnBack->click();
-            window.btnBack->click();
+            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
+            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
             QCOMPARE(title(window), QStringLiteral("The Analysis tab"));
-            QVERIFY(window.btnForward->isEnabled());
-            window.btnForward->click();
-            window.btnForward->click();
+            QVERIFY(Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
+            Find<QPushButton>(window, QStringLiteral("btnForward"))->click();
+            Find<QPushButton>(window, QStringLiteral("btnForward"))->click();
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            QVERIFY(!window.btnForward->isEnabled());
+            QVERIFY(!Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
 
             window.ShowIndex();
             QCOMPARE(title(window), QStringLiteral("Index"));
@@ -681,22 +681,22 @@ private slots:
             QCOMPARE(title(window), QStringLiteral("How to use Help"));
 
             // The search lists the pages holding every word, each a link.
-            QTest::keyClicks(window.txtHelpSearch, QStringLiteral("Dash FRACTION"));
-            QTest::keyClick(window.txtHelpSearch, Qt::Key_Return);
-            const QString results = window.browser->toPlainText();
+            QTest::keyClicks(Find<QLineEdit>(window, QStringLiteral("txtHelpSearch")), QStringLiteral("Dash FRACTION"));
+            QTest::keyClick(Find<QLineEdit>(window, QStringLiteral("txtHelpSearch")), Qt::Key_Return);
+            const QString results = Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText();
             QVERIFY(results.contains("Entering quantities"));
             QVERIFY(!results.contains("Index"));
             QVERIFY(results.count('\n') < 12);  // a few pages, not every one
-            emit window.browser->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
+            emit Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            QCOMPARE(window.browser->textCursor().selectedText().toLower(), QStringLiteral("dash"));
-            window.btnBack->click();
-            QVERIFY(window.browser->toPlainText().contains("Entering quantities"));  // the results again
+            QCOMPARE(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->textCursor().selectedText().toLower(), QStringLiteral("dash"));
+            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
+            QVERIFY(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText().contains("Entering quantities"));  // the results again
             window.Search(QStringLiteral("zebra\u4e00"));
-            QVERIFY(window.browser->toPlainText().contains("No topic holds"));
+            QVERIFY(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText().contains("No topic holds"));
 
             window.resize(640, 420);
-            window.btnClose->click();
+            Find<QPushButton>(window, QStringLiteral("btnClose"))->click();
         }
         HelpWindow again;
         QCOMPARE(again.size(), QSize(640, 420));

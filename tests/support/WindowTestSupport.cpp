@@ -28,7 +28,7 @@ bool ProgramHarness::Start()
         return false;
     splash->StartMain();
     if (tip && !main)
-        tip->cmdOK->click();
+        Find<QPushButton>(*tip, QStringLiteral("cmdOK"))->click();
     return main != nullptr && !guard.Failed();
 }
 

@@ -14,6 +14,8 @@ class AboutBox : public QDialog {
 public:
     explicit AboutBox(const Session& session, QWidget* parent = nullptr);
 
+private:
+    // The controls; each one's objectName is its member name.
     QLabel* labTitle = nullptr;
     QLabel* labVersion = nullptr;
     QLabel* labDataVersion = nullptr;

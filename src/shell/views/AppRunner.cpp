@@ -173,7 +173,7 @@ int RunPlatewell(int& argc, char** argv)
     // The desktop session ending is the other way the program is terminated.
     QObject::connect(&app, &QGuiApplication::commitDataRequest, &app, [&](QSessionManager&) { terminate(); });
 
-    splash.timerSplash->start();
+    splash.StartTimer();
     splash.setFocus();
     const int code = session.ended && guard.Failed() ? 1 : app.exec();
     app.SetGuard(nullptr);

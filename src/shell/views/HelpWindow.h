@@ -36,6 +36,12 @@ public:
 
     const HelpBook& Book() const { return book_; }
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    // The controls; each one's objectName is its member name (the page's
+    // browser is "browserHelp").
     QTextBrowser* browser = nullptr;
     QPushButton* btnContents = nullptr;
     QPushButton* btnIndex = nullptr;
@@ -44,11 +50,6 @@ public:
     QLineEdit* txtHelpSearch = nullptr;
     QPushButton* btnHelpSearch = nullptr;
     QPushButton* btnClose = nullptr;
-
-protected:
-    void hideEvent(QHideEvent* event) override;
-
-private:
     friend class HelpBrowser;
     // The HTML of a page of the browser: a page of the book, the search
     // results, or the built-in page on using help.

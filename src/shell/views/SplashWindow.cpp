@@ -117,4 +117,6 @@ bool SplashWindow::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+void SplashWindow::StartTimer() { timerSplash->start(); }
+
 }  // namespace pw

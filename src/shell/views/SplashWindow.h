@@ -26,9 +26,8 @@ public:
     bool Form_Load();
     // Leaves the splash (once); emits mainRequested.
     void StartMain();
-
-    QTimer* timerSplash = nullptr;
-    QLabel* imgLogo = nullptr;
+    // Starts the two seconds after which the main window comes.
+    void StartTimer();
 
 signals:
     // Show the main window: the tip window comes first when tips are on.
@@ -40,10 +39,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // The controls; each one's objectName is its member name.
+    QTimer* timerSplash = nullptr;
+    QLabel* imgLogo = nullptr;
+    QFrame* frame_ = nullptr;
     Session& session_;
     Seams& seams_;
     ErrorGuard& guard_;
-    QFrame* frame_ = nullptr;
     bool started_ = false;
 };
 

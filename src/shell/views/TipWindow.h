@@ -22,13 +22,6 @@ public:
     void Form_Load();
     void ShowNextTip();
 
-    QLabel* Label1 = nullptr;
-    QLabel* lblTipText = nullptr;
-    QLabel* Picture1 = nullptr;
-    QCheckBox* chkLoadTipsAtStartup = nullptr;
-    QPushButton* cmdNextTip = nullptr;
-    QPushButton* cmdOK = nullptr;
-
 signals:
     // The window has gone: the main window comes next.
     void finishedShowing();
@@ -38,6 +31,13 @@ protected:
     void reject() override;
 
 private:
+    // The controls; each one's objectName is its member name.
+    QLabel* Label1 = nullptr;
+    QLabel* lblTipText = nullptr;
+    QLabel* Picture1 = nullptr;
+    QCheckBox* chkLoadTipsAtStartup = nullptr;
+    QPushButton* cmdNextTip = nullptr;
+    QPushButton* cmdOK = nullptr;
     // The window is done with: the main window comes next, once.
     void Finish();
     Session& session_;
