@@ -147,8 +147,7 @@ void FoodListGrid::btnAcceptItem_Click()
 
     list.listSaved = false;
     chooser_.ResetAfterAccept();
-    if (hooks_.listLengthChanged)
-        hooks_.listLengthChanged();
+    emit listLengthChanged();
 }
 
 void FoodListGrid::PushToList(int row)
@@ -188,8 +187,7 @@ void FoodListGrid::AppendEntry(FoodListEntry entry)
         if (grid_.rowCount() < row + 1)
             grid_.setRowCount(row + 1);
     }
-    if (hooks_.listLengthChanged)
-        hooks_.listLengthChanged();
+    emit listLengthChanged();
 }
 
 void FoodListGrid::ShowDailyIntake(IntakeStyle style)
@@ -223,8 +221,7 @@ void FoodListGrid::btnDeleteItem_Click()
         grid_.removeRow(row - 1);
         grid_.clearSelection();
     }
-    if (hooks_.listLengthChanged)
-        hooks_.listLengthChanged();
+    emit listLengthChanged();
     // The analysis follows the shorter list.
     ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
 
@@ -247,8 +244,7 @@ void FoodListGrid::ClearGrid()
         hooks_.populateGridHeader();
     // No row is left to delete.
     chooser_.ForgetRow();
-    if (hooks_.listLengthChanged)
-        hooks_.listLengthChanged();
+    emit listLengthChanged();
     ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
 }
 

@@ -23,11 +23,14 @@ struct GridHooks {
     std::function<void()> populateGridHeader;  // captions and (remembered) widths
     std::function<bool()> viewByUnits;         // false: percent of DV
     std::function<void(int, const QString&)> setDailyIntake;  // analysis label i
-    std::function<void()> listLengthChanged;   // the list commands follow the count
 };
 
 class FoodListGrid : public QObject {
     Q_OBJECT
+signals:
+    // Rows were added or removed: the list commands follow the count.
+    void listLengthChanged();
+
 public:
     // Wires the chooser's Accept and Delete buttons and the grid's clicks;
     // each runs under guard.

@@ -272,8 +272,8 @@ void MainWindow::BuildCentre()
         analysisPage->SetDailyIntake(i, text);
         RefreshChart();
     };
-    gridHooks.listLengthChanged = [this] { UpdateListMenus(); };
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
+    connect(listGrid, &FoodListGrid::listLengthChanged, this, &MainWindow::UpdateListMenus);
     ListLink list;
     list.refresh = [this] { listGrid->RefreshGrid(); };
     list.append = [this](FoodListEntry entry) { listGrid->AppendEntry(std::move(entry)); };
