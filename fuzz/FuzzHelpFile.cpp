@@ -1,5 +1,7 @@
 // Any bytes as pw.hlp: its topics are found in file order, each with a
-// context number of at most six digits and a trimmed title holding no tag.
+// context number of at most six digits and a trimmed title holding no tag;
+// its pages, index, links and a search of its first bytes are read without
+// a fault, and every page an anchor leads to is one of the book's.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -20,5 +22,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (pw::HelpAnchor(topic.context).rfind("context-", 0) != 0)
             std::abort();
     }
+    const pw::HelpBook book = pw::ReadHelpBook(file);
+    for (const pw::HelpIndexEntry& entry : pw::HelpIndex(book))
+        if (book.PageOf(entry.anchor) >= static_cast<int>(book.pages.size()))
+            std::abort();
+    for (const int page : pw::SearchHelp(book, std::string(file.substr(0, 20))))
+        if (page < 0 || page >= static_cast<int>(book.pages.size()))
+            std::abort();
+    pw::HelpLinks(file);
     return 0;
 }

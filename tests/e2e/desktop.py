@@ -416,13 +416,15 @@ class Runner:
         check(rc == 0, "runner: %r failed (%d)" % (command, rc))
         return lines
 
-    def start(self, env=None):
-        """Starts the program copy in the folder; returns its pid."""
+    def start(self, env=None, args=()):
+        """Starts the program copy in the folder with args; returns its pid."""
         env = dict(Accessibility.ENV, **(env or {}))
         env_text = " ".join("%s=%s" % (k, v) for k, v in env.items())
         exe = os.path.join(self.folder.path, "platewell")
         log = os.path.join(self.folder.root, "stderr-%d.txt" % random.randrange(1 << 30))
-        lines = self.must("cd /; env -u QT_QPA_PLATFORM %s '%s' 2>'%s' & echo @pid $!" % (env_text, exe, log))
+        arg_text = " ".join("'%s'" % a for a in args)
+        lines = self.must("cd /; env -u QT_QPA_PLATFORM %s '%s' %s 2>'%s' & echo @pid $!"
+                          % (env_text, exe, arg_text, log))
         self.pid = int(lines[-1].split()[1])
         return self.pid
 

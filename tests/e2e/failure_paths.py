@@ -319,6 +319,25 @@ def saves_keep_file(ctx):
     return "modes %r" % modes
 
 
+def sigterm_with_list(ctx):
+    """Started on a saved list as a file manager starts it and ended by
+    SIGTERM through the one way out: the list's profile becomes the default
+    one, pw.ini is written whole and data.dat keeps its bytes."""
+    folder = ctx.make_folder({"day.pwl": PROFILE.replace(b"NAME:Test", b"NAME:Bob")})
+    data_before = folder.read("data.dat")
+    r = ctx.runner()
+    r.start(args=[folder.file("day.pwl")])
+    find_window(r.pid, "normal", "Platewell - " + folder.file("day.pwl"), 25)  # the list's name in the caption
+    time.sleep(1.0)
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    check(folder.read("default.pwp").startswith(b"NAME:Bob\r\n"), "the list's profile was not the default one")
+    ini = folder.read("pw.ini").split(b"\r\n")
+    check(ini[-1] == b"" and len(ini) == 26 and ini[3] == b"FIRST RUN:False", "pw.ini not written whole: %r" % ini)
+    check(folder.read("data.dat") == data_before, "data.dat changed")
+    return "pw.ini %d lines" % (len(ini) - 1)
+
+
 def temp_files_removed(ctx):
     own = {"data.dat.tmp4242": b"x" * 5000, "pw.ini.tmp17": b"FIRST", "default.pwp.tmp99999": b"NAME:"}
     others = {"data.dat.tmp": b"a", "data.dat.tmp12x": b"b", "notes.txt.tmp123": b"c", "data.dat.bak": b"d"}
@@ -378,6 +397,7 @@ SCENARIOS = {
     # Files.
     "saves_keep_file": saves_keep_file,
     "temp_files_removed": temp_files_removed,
+    "sigterm_with_list": sigterm_with_list,
     "huge_window": huge_window,
 }
 

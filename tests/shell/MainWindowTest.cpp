@@ -397,39 +397,6 @@ private slots:
         QVERIFY(watch.Written().empty());
     }
 
-    void TheProgramEndsThroughEgressOnSigterm()
-    {
-        // The real executable, copied into a program folder of its own.
-        TempFolder folder;
-        const std::string exe = folder.File("platewell");
-        std::filesystem::copy_file(PLATEWELL_EXE, exe);
-        const std::string data = DataFileBytes(SampleTable());
-        WriteProgramFolder(folder.Path(), data, QuietSettings());
-
-        QProcess process;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("QT_QPA_PLATFORM", "offscreen");
-        process.setProcessEnvironment(env);
-        // Started as a file manager starts it on a saved list.
-        folder.Write("day.pwl", kBobsDay);
-        process.start(QString::fromStdString(exe), {QString::fromStdString(folder.File("day.pwl"))});
-        QVERIFY(process.waitForStarted(10000));
-        // The splash hands over after two seconds; give the main window time
-        // to load before asking the program to end.
-        QTest::qWait(4000);
-        QCOMPARE(process.state(), QProcess::Running);
-        ::kill(static_cast<pid_t>(process.processId()), SIGTERM);
-        QVERIFY(process.waitForFinished(20000));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 0);
-
-        QCOMPARE(folder.Read("data.dat"), data);
-        const auto lines = SplitLines(folder.Read("pw.ini"));
-        QCOMPARE(lines.size(), size_t(25));
-        QCOMPARE(QString::fromStdString(lines[3]), QStringLiteral("FIRST RUN:False"));
-        QCOMPARE(folder.Read("default.pwp").substr(0, 10), std::string("NAME:Bob\r\n"));  // the list's profile
-    }
-
     void DocumentsGivenToTheProgramOpenAsTheirCommandsOpenThem()
     {
         ProgramHarness program;
@@ -602,17 +569,6 @@ private slots:
             for (const HelpTopic& t : HelpTopics(c.file))
                 got.emplace_back(t.context, t.title);
             QCOMPARE(got, c.topics);
-        }
-        std::mt19937 random(3);
-        for (int round = 0; round < 500; ++round) {  // any bytes: topics or none, never a crash
-            std::string bytes;
-            for (int i = 0; i < 300; ++i)
-                bytes += random() % 8 == 0 ? std::string("<a name=\"context-") : std::string(1, char(random() % 256));
-            HelpTopics(bytes);
-            const HelpBook book = ReadHelpBook(bytes);
-            HelpIndex(book);
-            SearchHelp(book, bytes.substr(0, 20));
-            HelpLinks(bytes);
         }
         // Pages, their own anchors, the index's entries and the word search.
         const HelpBook book = ReadHelpBook(
