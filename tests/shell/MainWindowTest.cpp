@@ -358,8 +358,10 @@ private slots:
         auto* about = w.findChild<AboutBox*>("frmAbout");
         QVERIFY(about && about->isVisible() && about->isModal());
         QCOMPARE(about->windowTitle(), QStringLiteral("About Platewell"));
-        QCOMPARE((QStringList{Find<QLabel>(*about, QStringLiteral("labTitle"))->text(), Find<QLabel>(*about, QStringLiteral("labVersion"))->text(), Find<QLabel>(*about, QStringLiteral("labDataVersion"))->text(),
-                              Find<QLabel>(*about, QStringLiteral("labHelpVersion"))->text(), Find<QLabel>(*about, QStringLiteral("Label1"))->text()}),
+        QStringList captions;
+        for (const char* name : {"labTitle", "labVersion", "labDataVersion", "labHelpVersion", "Label1"})
+            captions << Find<QLabel>(*about, QString::fromLatin1(name))->text();
+        QCOMPARE(captions,
                  (QStringList{"Platewell", "Program version: 2.04W", "Data version: 1.37 Test data",
                               "Help file version: 2.02", "All Rights Reserved"}));
         Find<QPushButton>(*about, QStringLiteral("cmdOK"))->click();
@@ -603,16 +605,21 @@ private slots:
     {
         QStandardPaths::setTestModeEnabled(true);
         const auto title = [](const HelpWindow& w) {
-            return Find<QTextBrowser>(w, QStringLiteral("browserHelp"))->document()->toPlainText().section('\n', 0, 0).trimmed();
+            const auto* browser = Find<QTextBrowser>(w, QStringLiteral("browserHelp"));
+            return browser->document()->toPlainText().section('\n', 0, 0).trimmed();
         };
         {
             HelpWindow window;
+            auto* browser = Find<QTextBrowser>(window, QStringLiteral("browserHelp"));
+            auto* back = Find<QPushButton>(window, QStringLiteral("btnBack"));
+            auto* forward = Find<QPushButton>(window, QStringLiteral("btnForward"));
+            auto* search = Find<QLineEdit>(window, QStringLiteral("txtHelpSearch"));
             QVERIFY(!window.LoadFile(QStringLiteral("/nonexistent/pw.hlp")));
             window.ShowHelpOnHelp();  // built in while there is no file
             QCOMPARE(title(window), QStringLiteral("How to use Help"));
             QVERIFY(window.LoadFile(QStringLiteral(PLATEWELL_SOURCE_DIR "/data/pw.hlp")));
             window.show();
-            QVERIFY(!Find<QPushButton>(window, QStringLiteral("btnBack"))->isEnabled() && !Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
+            QVERIFY(!back->isEnabled() && !forward->isEnabled());
             window.ShowTopic(0);
             QCOMPARE(title(window), QStringLiteral("Platewell Help"));
             window.ShowTopic(4);
@@ -620,16 +627,16 @@ private slots:
             window.ShowTopic(8);  // no such topic: the first page
             QCOMPARE(title(window), QStringLiteral("Platewell Help"));
             // A link of the page leads to the page that holds its anchor.
-            emit Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->anchorClicked(QUrl(QStringLiteral("#quantities")));
+            emit browser->anchorClicked(QUrl(QStringLiteral("#quantities")));
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
-            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
+            back->click();
+            back->click();
             QCOMPARE(title(window), QStringLiteral("The Analysis tab"));
-            QVERIFY(Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
-            Find<QPushButton>(window, QStringLiteral("btnForward"))->click();
-            Find<QPushButton>(window, QStringLiteral("btnForward"))->click();
+            QVERIFY(forward->isEnabled());
+            forward->click();
+            forward->click();
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            QVERIFY(!Find<QPushButton>(window, QStringLiteral("btnForward"))->isEnabled());
+            QVERIFY(!forward->isEnabled());
 
             window.ShowIndex();
             QCOMPARE(title(window), QStringLiteral("Index"));
@@ -637,19 +644,19 @@ private slots:
             QCOMPARE(title(window), QStringLiteral("How to use Help"));
 
             // The search lists the pages holding every word, each a link.
-            QTest::keyClicks(Find<QLineEdit>(window, QStringLiteral("txtHelpSearch")), QStringLiteral("Dash FRACTION"));
-            QTest::keyClick(Find<QLineEdit>(window, QStringLiteral("txtHelpSearch")), Qt::Key_Return);
-            const QString results = Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText();
+            QTest::keyClicks(search, QStringLiteral("Dash FRACTION"));
+            QTest::keyClick(search, Qt::Key_Return);
+            const QString results = browser->toPlainText();
             QVERIFY(results.contains("Entering quantities"));
             QVERIFY(!results.contains("Index"));
             QVERIFY(results.count('\n') < 12);  // a few pages, not every one
-            emit Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
+            emit browser->anchorClicked(QUrl(QStringLiteral("help:quantities?find=Dash%20fraction")));
             QCOMPARE(title(window), QStringLiteral("Entering quantities"));
-            QCOMPARE(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->textCursor().selectedText().toLower(), QStringLiteral("dash"));
-            Find<QPushButton>(window, QStringLiteral("btnBack"))->click();
-            QVERIFY(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText().contains("Entering quantities"));  // the results again
+            QCOMPARE(browser->textCursor().selectedText().toLower(), QStringLiteral("dash"));
+            back->click();
+            QVERIFY(browser->toPlainText().contains("Entering quantities"));  // the results again
             window.Search(QStringLiteral("zebra\u4e00"));
-            QVERIFY(Find<QTextBrowser>(window, QStringLiteral("browserHelp"))->toPlainText().contains("No topic holds"));
+            QVERIFY(browser->toPlainText().contains("No topic holds"));
 
             window.resize(640, 420);
             Find<QPushButton>(window, QStringLiteral("btnClose"))->click();
