@@ -12,7 +12,5 @@ gtest_discover_tests(foodlist_model_tests DISCOVERY_TIMEOUT 60)
 
 if(PLATEWELL_GUI)
   platewell_window_test(foodlist_chooser_tests foodlist/FoodChooserTest.cpp)
-  target_compile_definitions(foodlist_chooser_tests
-    PRIVATE PLATEWELL_DELIVERED_DATA="${CMAKE_SOURCE_DIR}/data/data.dat")
   platewell_window_test(foodlist_grid_tests foodlist/FoodListGridTest.cpp)
 endif()

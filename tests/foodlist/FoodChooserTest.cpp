@@ -8,8 +8,6 @@
 #include "Fixtures.h"
 #include "TempFolder.h"
 #include "WindowTestSupport.h"
-#include "core/LineFile.h"
-#include "fooddb/DataFile.h"
 #include "foodlist/views/FoodListPage.h"
 #include "foodlist/FoodSession.h"
 
@@ -431,50 +429,6 @@ private slots:
             QVERIFY(c.On(c.Tier(t)) && c.On(c.Lab("labTier", t)) && (t == 0 || c.Items(t).isEmpty()));
         QVERIFY(c.On(c.Qty()) && c.On(c.Lab("labOf")) && c.On(c.Btn("btnAcceptItem")));
         QVERIFY(!c.On(c.Lab("labNutrVal", 0)) && c.Lab("labNutrVal", 0)->text().isEmpty() && !c.deleteFromDatabase);
-    }
-
-    // On the delivered data.dat: every group leads through its subgroups,
-    // descriptions and measures to a food with its nutrients.
-    void EveryDeliveredGroupsFirstFoodShowsItsNutrients()
-    {
-        FoodTable delivered;
-        QVERIFY(LoadDatabaseHeader(ReadWholeFile(PLATEWELL_DELIVERED_DATA), delivered) == HeaderResult::Ok);
-        LoadDatabaseRecords(delivered);
-        Chooser c(std::move(delivered));
-        const FoodTable& table = c.session.foodTable;
-        QVERIFY(c.Tier(0)->count() >= 16);
-
-        int foodsShown = 0;
-        for (int g = 0; g < c.Tier(0)->count(); ++g) {
-            const QString group = c.Tier(0)->itemText(g);
-            c.Btn("btnNewItem")->click();
-            c.Pick(0, group);
-            QVERIFY2(c.Tier(1)->count() > 0, qPrintable(group));
-            c.Pick(1, c.Tier(1)->itemText(0));
-            if (c.Tier(2)->count() == 0) {
-                QCOMPARE(group, QStringLiteral("Favorites"));  // the only group kept empty
-                continue;
-            }
-            c.Pick(2, c.Tier(2)->itemText(0));
-            QVERIFY2(c.Tier(3)->count() > 0, qPrintable(group));
-            if (c.Tier(3)->count() > 1) {
-                QVERIFY(!c.Qty()->isEnabled() && c.Lab("labNutrVal", 0)->text().isEmpty());
-                c.Pick(3, c.Tier(3)->itemText(0));
-            }
-
-            const int food = c.session.chooser.currentFood;
-            const QStringList texts = {QString::fromLatin1(table.Group(food)), QString::fromLatin1(table.Subgroup(food)),
-                                       QString::fromLatin1(table.Description(food)), QString::fromLatin1(table.Measure(food))};
-            for (int t = 0; t < 4; ++t)
-                QCOMPARE(c.Tier(t)->currentText(), texts[t]);
-            // One of the food's measures: the values as the table holds them.
-            for (int i = 0; i < kShownNutrients; ++i)
-                QCOMPARE(c.Lab("labNutrVal", i)->text(), QString::number(table.Value(food, Nutrient(i))));
-            QVERIFY(c.On(c.Btn("btnAcceptItem")) && c.copyToFavorites && c.deleteFromDatabase);
-            ++foodsShown;
-        }
-        QVERIFY(foodsShown >= 15);
-        QCOMPARE(c.Messages().size(), size_t(c.Tier(0)->count() - foodsShown));
     }
 };
 
