@@ -32,6 +32,8 @@ PROFILE = b"NAME:Test\r\nYOB:80\r\nMEASUREMENT:0\r\nHEIGHT:70\r\nWEIGHT:160\r\nS
 # and lower case, so a rewritten file is told from the old one.
 PROFILE_AS_TYPED = b"lifestyle:0\r\nsex:0\r\nweight:160\r\nheight:70\r\nmeasurement:0\r\nyob:80\r\nname:Test\r\n"
 SCREEN = (1280, 1024)
+OVERFLOW = "Run-time error '6':\n\nOverflow"
+SUBSCRIPT = "Run-time error '9':\n\nSubscript out of range"
 
 
 def profile_written(content):
@@ -126,9 +128,10 @@ def lock_files(snapshot):
 
 # ---- run-time errors -------------------------------------------------------------
 
-def runtime_error(ctx, files, how, provoke=None):
+def runtime_error(ctx, files, how, expect, provoke=None):
     """A run-time error: one painted critical box titled Platewell naming the
-    error, answered by how; then exit status 1 and no file written."""
+    error (its text starts with expect), answered by how; then exit status 1
+    and no file written."""
     folder = ctx.make_folder(files)
     before = folder.snapshot()
     r = ctx.runner()
@@ -139,7 +142,7 @@ def runtime_error(ctx, files, how, provoke=None):
     check_painted(box, "critical", ctx.shot("box"))
     content = box_content(ctx.a11y, r.pid, box)
     check(content["title"] == "Platewell", "box title %r" % content["title"])
-    check(content["text"].startswith("Run-time error '"), "box text %r" % content["text"])
+    check(content["text"].startswith(expect), "box text %r, expected %r" % (content["text"], expect))
     check(content["buttons"] == ["OK"], "box buttons %r" % content["buttons"])
     answer(box, how, ctx.a11y, r.pid)
     rc = wait_exit(r)
@@ -378,14 +381,14 @@ BARE = {"huge_window"}
 SCENARIOS = {
     # Run-time errors, each answered another way.
     "rte_splash_current_tip": lambda ctx: runtime_error(
-        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:False\r\nCURRENT TIP:99999\r\n"}, "Return"),
+        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:False\r\nCURRENT TIP:99999\r\n"}, "Return", OVERFLOW),
     "rte_profile_weight": lambda ctx: runtime_error(
-        ctx, {"default.pwp": PROFILE.replace(b"WEIGHT:160", b"WEIGHT:1e30")}, "Escape"),
-    "rte_typed_weight": lambda ctx: runtime_error(ctx, {"default.pwp": PROFILE}, "close", type_weight),
+        ctx, {"default.pwp": PROFILE.replace(b"WEIGHT:160", b"WEIGHT:1e30")}, "Escape", OVERFLOW),
+    "rte_typed_weight": lambda ctx: runtime_error(ctx, {"default.pwp": PROFILE}, "close", OVERFLOW, type_weight),
     "rte_data_4001_records": lambda ctx: runtime_error(
-        ctx, {"data.dat": data_with_record_count(delivered_data(ctx), 4001)}, "click:OK"),
+        ctx, {"data.dat": data_with_record_count(delivered_data(ctx), 4001)}, "click:OK", SUBSCRIPT),
     "rte_tips_101_lines": lambda ctx: runtime_error(
-        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:True\r\n", "tips.txt": tips(101)}, "Return"),
+        ctx, {"pw.ini": b"FIRST RUN:False\r\nSHOW TIPS:True\r\n", "tips.txt": tips(101)}, "Return", SUBSCRIPT),
     # Saves at exit.
     "exit_readonly_retry": lambda ctx: exit_save_fails(ctx, "readonly", "retry"),
     "exit_readonly_cancel": lambda ctx: exit_save_fails(ctx, "readonly", "cancel"),
