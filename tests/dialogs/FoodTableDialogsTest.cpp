@@ -108,14 +108,17 @@ struct Program {
         ChooseFood(page(), food);
         Button(page(), "btnAcceptItem")->click();
     }
-    // The table changed: the chooser is reset and lists the table's groups.
+    // The table changed: the chooser is reset and maps the table's groups
+    // anew.
     void VerifyChooserRebuilt(int count)
     {
         QCOMPARE(table().Count(), count);
         QComboBox* groups = Combo(page(), "comTier0");
-        TierMap map;
-        QCOMPARE(groups->count(), int(RebuildGroupColumn(table(), map).size()));
         QVERIFY(!groups->isEnabled() && groups->currentIndex() == -1);
+        TierMap fresh;
+        QCOMPARE(groups->count(), int(RebuildGroupColumn(table(), fresh).size()));
+        for (int row = 0; row <= groups->count(); ++row)
+            QCOMPARE(h.session.tierMap.Get(row, 0), fresh.Get(row, 0));
     }
 
     ProgramHarness h;

@@ -65,8 +65,10 @@ struct Driver {
             s += ' ' + QString::number(n);
         s += ' ' + Find<QLabel>(d, "labPrimary")->text() + '/' + Find<QLabel>(d, "labSecondary")->text() + '/' +
              Find<QLabel>(d, "labDescription")->text() + " [" + text->text() + ']';
-        for (int column = 0; column < 3 && grid->rowCount() > 0; ++column)
-            s += (column ? '/' : ' ') + grid->item(grid->rowCount() - 1, column)->text();
+        for (int column = 0; column < 3 && grid->rowCount() > 0; ++column) {
+            const QTableWidgetItem* cell = grid->item(grid->rowCount() - 1, column);
+            s += (column ? '/' : ' ') + (cell ? cell->text() : QStringLiteral("?"));
+        }
         return s;
     }
 
