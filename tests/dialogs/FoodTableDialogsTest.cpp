@@ -1,6 +1,6 @@
 // The dialogs that change the food table. Each dialog alone on the sample
 // foods: what it offers, what it says and the food it inserts. The whole
-// program where the Database menu and the chooser take part: the dialogs
+// program where the Database menu and the chooser join in: the dialogs
 // opened from the menu, the chooser rebuilt after a change, the capacity
 // refusal and a food deleted.
 #include <QAction>
