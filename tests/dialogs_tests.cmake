@@ -1,5 +1,6 @@
-# Database dialogs: the search and the table's editing as model tests, the
-# dialogs driven by their named controls in the running program.
+# Database dialogs: the search and the table's editing as model tests; the
+# dialogs alone on a session and the fakes, and in the running program where
+# the Database menu and the chooser join in, all through named controls.
 add_executable(dialogs_model_tests
   dialogs/SearchTest.cpp
   fooddb/FoodEditingTest.cpp

@@ -1,23 +1,24 @@
-// The commands that change the food table, on the whole program: the custom
-// food, the list saved as a dish, a food copied to Favorites and a food
-// deleted, with their refusals and the table's capacity.
+// The dialogs that change the food table. Each dialog alone on the sample
+// foods: what it offers, what it says and the food it inserts. The whole
+// program where the Database menu and the chooser join in: the dialogs
+// opened from the menu, the chooser rebuilt after a change, the capacity
+// refusal and a food deleted.
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
 #include "dialogs/views/AddFoodDialog.h"
 #include "dialogs/views/CopyFavoritesDialog.h"
-#include "dialogs/views/DatabaseCommands.h"
 #include "dialogs/views/SaveDishDialog.h"
 #include "fooddb/FoodGroups.h"
-#include "foodlist/views/FoodListPage.h"
 #include "foodlist/TierMap.h"
 
 using namespace pw;
@@ -28,42 +29,96 @@ namespace {
 const QStringList kButter = {"Dairy and Eggs", "Butter", "Salted", "1 tbsp"};
 const QStringList kCheddar = {"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"};
 
+int IndexOf(const FoodTable& t, const std::string& subgroup, const std::string& description, const std::string& measure)
+{
+    for (int i = 0; i < t.Count(); ++i)
+        if (t.Subgroup(i) == subgroup && t.Description(i) == description && t.Measure(i) == measure)
+            return i;
+    return -1;
+}
+
+// The messages shown since the last call as title|icon|buttons|text (icons:
+// 1 information, 2 question, 3 exclamation, 4 critical; buttons: 0 OK, 1
+// Yes and No).
+QStringList Said(RecordingPrompts& prompts)
+{
+    QStringList said;
+    for (const RecordedMessage& m : prompts.messages)
+        said << Shown(m);
+    prompts.messages.clear();
+    return said;
+}
+
+QLineEdit* Box(const QWidget& d, const QString& name) { return Find<QLineEdit>(d, name); }
+QComboBox* Combo(const QWidget& d, const char* name) { return Find<QComboBox>(d, name); }
+QPushButton* Button(const QWidget& d, const char* name) { return Find<QPushButton>(d, name); }
+
+// The custom food's group picked, then its subgroup, description, measure
+// and seven values entered.
+void EnterCustomFood(const QWidget& d, int group, const QStringList& texts,
+                     const QStringList& values = QStringList(kCustomNutrients, QStringLiteral("1")))
+{
+    Combo(d, "comPrimary")->setCurrentIndex(group);
+    emit Combo(d, "comPrimary")->activated(group);
+    Combo(d, "comSecondary")->lineEdit()->insert(texts[0]);
+    Box(d, "txtDescription")->insert(texts[1]);
+    Box(d, "txtMeasure")->insert(texts[2]);
+    for (int i = 0; i < kCustomNutrients; ++i)
+        Box(d, QStringLiteral("txtNutrVal%1").arg(i))->insert(values[i]);
+}
+
+// One dialog alone on the sample foods and the fakes, the chooser's group
+// column built as the program builds it; no dialog reads the table before
+// it is opened.
+template <class Dialog>
+struct Alone {
+    Alone()
+    {
+        table = SampleTable();
+        TableChanged();
+    }
+    void TableChanged() { RebuildGroupColumn(table, session.tierMap); }
+
+    FoodSession session;
+    FoodTable& table = session.foodTable;
+    FakeSeams fakes;
+    bool ended = false;
+    ErrorGuard guard{ended, fakes.prompts};
+    Dialog d{session, fakes.seams, &guard};
+    QSignalSpy changed{&d, &FoodTableDialog::foodTableChanged};
+};
+
+// The running program on a food table.
 struct Program {
     explicit Program(const FoodTable& table = SampleTable()) { h.StartOn(DataFileBytes(table)); }
-    FoodListPage& page() const { return *h.main->foodListPage; }
+    FoodListPage& page() const { return *Find<FoodListPage>(*h.main, "pageFoodList"); }
     FoodTable& table() { return h.session.foodTable; }
-    void Trigger(const char* action) const { h.main->findChild<QAction*>(action)->trigger(); }
-    void Choose(const QStringList& food) const { ChooseFood(page(), food); }
+    QAction* Menu(const char* name) const { return Find<QAction>(*h.main, name); }
+    // The dialog the menu item opens, checked open over the main window.
+    template <class Dialog>
+    Dialog& Open(const char* item, const char* dialog)
+    {
+        Menu(item)->trigger();
+        auto* d = Find<Dialog>(*h.main, dialog);
+        [d] { QVERIFY(d->isVisible() && d->windowModality() == Qt::WindowModal); }();
+        return *d;
+    }
     void AddToList(const QStringList& food) const
     {
-        Choose(food);
-        page().btnAcceptItem->click();
+        ChooseFood(page(), food);
+        Button(page(), "btnAcceptItem")->click();
     }
-    int Find(const std::string& subgroup, const std::string& description, const std::string& measure)
-    {
-        for (int i = 0; i < table().Count(); ++i)
-            if (table().Subgroup(i) == subgroup && table().Description(i) == description &&
-                table().Measure(i) == measure)
-                return i;
-        return -1;
-    }
-    // The last message, checked and forgotten.
-    void Said(const QString& text, const char* title, MsgIcon icon)
-    {
-        auto& messages = h.fakes.prompts.messages;
-        QVERIFY(!messages.empty());
-        QCOMPARE(messages.back().text, text);
-        QCOMPARE(messages.back().title, QString::fromLatin1(title));
-        QVERIFY(messages.back().icon == icon);
-        messages.clear();
-    }
-    void VerifyTableChanged(int count)
+    // The table changed: the chooser is reset and maps the table's groups
+    // anew.
+    void VerifyChooserRebuilt(int count)
     {
         QCOMPARE(table().Count(), count);
-        QVERIFY(table().DatabaseDirty);
-        QVERIFY(!page().comTier0->isEnabled() && page().comTier0->currentIndex() == -1);  // the chooser reset
-        TierMap groups;
-        QCOMPARE(page().comTier0->count(), int(RebuildGroupColumn(table(), groups).size()));
+        QComboBox* groups = Combo(page(), "comTier0");
+        QVERIFY(!groups->isEnabled() && groups->currentIndex() == -1);
+        TierMap fresh;
+        QCOMPARE(groups->count(), int(RebuildGroupColumn(table(), fresh).size()));
+        for (int row = 0; row <= groups->count(); ++row)
+            QCOMPARE(h.session.tierMap.Get(row, 0), fresh.Get(row, 0));
     }
 
     ProgramHarness h;
@@ -75,178 +130,166 @@ class FoodTableDialogsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void ACustomFoodIsAddedOnceFromUnitsAndPercents()
+    void ACustomFoodIsAddedOnceFromUnitsAndPercentsAsTyped()
     {
-        Program p;
-        p.Trigger("mnuAddCustomItem");
-        AddFoodDialog& d = *p.h.main->database->frmAdd;
-        QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
-        QCOMPARE(d.comPrimary->count(), kGroupCount);
-        QCOMPARE(d.comPrimary->itemText(11), QStringLiteral("Nuts, Seeds, Lugumes, Beans"));
-        QCOMPARE(d.comPrimary->itemText(3), QStringLiteral("Dairy and Eggs"));
-
-        for (int round = 0; round < 2; ++round) {
-            // Every opening starts empty, nothing but the group to choose.
-            QVERIFY(d.comPrimary->currentText().isEmpty() && !d.comSecondary->isEnabled() && d.FieldsFilled() == 0);
-            QVERIFY(!d.txtNutrVal[0]->isEnabled() && d.txtNutrVal[0]->text().isEmpty() && !d.btnAdd->isEnabled());
-            QCOMPARE(d.labMeasureCaption[3]->text(), QStringLiteral("mg"));
-            d.comPrimary->setCurrentIndex(3);
-            emit d.comPrimary->activated(3);
-            QCOMPARE(d.comSecondary->itemText(1), QStringLiteral("Cheese"));
-            QVERIFY(d.comSecondary->count() == 3 && !d.txtDescription->isEnabled());
-            QTest::keyClicks(d.comSecondary->lineEdit(), QStringLiteral("Cheese"));
-            QTest::keyClicks(d.txtDescription, QStringLiteral("brie"));
-            QTest::keyClicks(d.txtMeasure, QStringLiteral(" 1 oz"));
-            const char* values[] = {"10", "2.5", "2.5", "30", "0", "10", "10"};  // protein and sodium as %DV
-            for (int i = 0; i < kCustomNutrients; ++i)
-                QTest::keyClicks(d.txtNutrVal[i], QString::fromLatin1(values[i]));
-            for (int i : {0, 6})
-                d.optDV[i]->click();
-            QCOMPARE(d.labMeasureCaption[6]->text(), QStringLiteral("%DV*"));
-            QCOMPARE(d.labMeasureCaption[5]->text(), QStringLiteral("mg"));
-            QCOMPARE(d.FieldsFilled(), kAllFieldsFilled);
-            QVERIFY(d.btnAdd->isEnabled());
-            // Not a number: refused and emptied, and Add waits for it again.
-            QTest::keyClick(d.txtNutrVal[4], Qt::Key_X);
-            p.Said("Enter only numbers in this field.", "Error", MsgIcon::Exclamation);
-            QVERIFY(d.txtNutrVal[4]->text().isEmpty() && !d.btnAdd->isEnabled());
-            QTest::keyClicks(d.txtNutrVal[4], QStringLiteral("1"));
-
-            p.h.fakes.prompts.answers = {MsgResult::Yes};
-            d.btnAdd->click();
-            QCOMPARE(p.h.fakes.prompts.messages.front().text,
-                     QStringLiteral("Add \"Cheese / brie /  1 oz\"\r\nto the database?"));
-            QCOMPARE(d.txtDescription->text(), QStringLiteral("Brie"));
-            QCOMPARE(d.txtCalories->text(), QStringLiteral("46"));  // 4 x 5 + 4 x 2 + 9 x 2
-            if (round == 0) {
-                p.Said("\"Cheese / Brie /  1 oz\"\r\nadded to the database.", "Added to database",
-                       MsgIcon::Information);
-                QVERIFY(!d.isVisible());
-                p.VerifyTableChanged(13);
-                const int brie = p.Find("Cheese", "Brie", "1 oz");
-                QCOMPARE(brie, 5);  // capitalised, before Cheddar
-                QCOMPARE(p.table().Values(brie), (NutrientValues{46, 5, 2, 2, 30, 1, 10, 238, 0}));
-                p.Trigger("mnuAddCustomItem");
-                QCOMPARE(p.h.main->database->frmAdd, &d);
-            } else {
-                p.Said("\"Cheese / Brie /  1 oz\"\r\nalready exists in the database.", "Not added to database",
-                       MsgIcon::Exclamation);
-                QVERIFY(d.isVisible() && d.txtMeasure->text() == " 1 oz");
-                QCOMPARE(p.table().Count(), 13);
-            }
-        }
-
-        // Declined, nothing is added; Help shows its topic; Cancel leaves.
-        d.btnAdd->click();
-        p.Said("Operation cancelled.", "Add to database", MsgIcon::Information);
-        d.btnHelp->click();
-        QCOMPARE(p.h.fakes.help.calls.back().context, std::optional<int>(7));
-        d.btnCancel->click();
-        QVERIFY(!d.isVisible());
-        QCOMPARE(p.table().Count(), 13);
-    }
-
-    void TypedFoodTextsAreKeptExactlyAsLatin1()
-    {
-        Program p;
-        p.Trigger("mnuAddCustomItem");
-        AddFoodDialog& d = *p.h.main->database->frmAdd;
-        d.comPrimary->setCurrentIndex(3);
-        emit d.comPrimary->activated(3);
+        Alone<AddFoodDialog> a;
+        AddFoodDialog& d = a.d;
+        // Which take input: the subgroup, the description, a value and Add.
+        const auto offered = [&d] {
+            QString on;
+            for (const char* name : {"comSecondary", "txtDescription", "txtNutrVal0", "btnAdd"})
+                on += Find<QWidget>(d, name)->isEnabled() ? '1' : '0';
+            return on;
+        };
+        const auto unit = [&d](int row) { return Find<QLabel>(d, "labMeasureCaption" + QString::number(row))->text(); };
+        QCOMPARE(Combo(d, "comPrimary")->count(), kGroupCount);
+        QCOMPARE(Combo(d, "comPrimary")->itemText(11), QStringLiteral("Nuts, Seeds, Lugumes, Beans"));
         // Pasted control characters go; accents stay; what Latin-1 cannot
         // hold is refused, named, and the box keeps what it had.
-        d.comSecondary->lineEdit()->insert(QStringLiteral("Cer\teals\r\n"));
-        d.txtDescription->insert(QStringLiteral("M\u00fcsli, cr\u00e8me br\u00fbl\u00e9e, pi\u00f1a, \u00ff"));
-        d.txtMeasure->insert(QStringLiteral("1 bowl"));
-        d.txtMeasure->insert(QStringLiteral(" \u20ac"));
-        QCOMPARE(d.comSecondary->currentText(), QStringLiteral("Cereals"));
-        QCOMPARE(d.txtMeasure->text(), QStringLiteral("1 bowl"));
-        QCoreApplication::processEvents();
-        p.Said(QStringLiteral("The character \"\u20ac\" (U+20AC) cannot be stored: Platewell's files hold Western "
-                              "European (Latin-1) letters only.\r\n\r\nPlease type the text without it."),
-               "Platewell", MsgIcon::Exclamation);
-        for (int i = 0; i < kCustomNutrients; ++i)
-            QTest::keyClicks(d.txtNutrVal[i], QStringLiteral("1"));
-        p.h.fakes.prompts.answers = {MsgResult::Yes};
-        d.btnAdd->click();
-        QVERIFY(!d.isVisible());
-        const std::string description = "M\xfcsli, cr\xe8me br\xfbl\xe9" "e, pi\xf1" "a, \xff";
-        QVERIFY(p.Find("Cereals", description, "1 bowl") >= 0);
+        const QString typed =
+            QStringLiteral("\"Cereals / m\u00fcsli, cr\u00e8me br\u00fbl\u00e9e, \u00ff /  1 bowl\"\r\n");
+        QString food = typed;
+        food[11] = 'M';  // the description capitalised
+        const QStringList said = {
+            "Platewell|3|0|The character \"\u20ac\" (U+20AC) cannot be stored: Platewell's files hold Western "
+            "European (Latin-1) letters only.\r\n\r\nPlease type the text without it.",
+            "Error|3|0|Enter only numbers in this field.", "Add to database|2|1|Add " + typed + "to the database?"};
+        const QStringList outcome = {"Added to database|1|0|" + food + "added to the database.",
+                                     "Not added to database|3|0|" + food + "already exists in the database."};
+        for (int round = 0; round < 2; ++round) {
+            d.open();
+            // Every opening starts empty, nothing but the group to choose.
+            QVERIFY(Combo(d, "comPrimary")->currentText().isEmpty() && Box(d, "txtNutrVal0")->text().isEmpty());
+            QVERIFY(d.FieldsFilled() == 0 && offered() == "0000" && unit(3) == "mg");
+            Combo(d, "comPrimary")->setCurrentIndex(3);
+            emit Combo(d, "comPrimary")->activated(3);
+            QCOMPARE(ComboItems(Combo(d, "comSecondary")).join('/'),
+                     round ? "Butter/Cereals/Cheese/Milk" : "Butter/Cheese/Milk");
+            QCOMPARE(offered(), QStringLiteral("1000"));
+            EnterCustomFood(d, 3, {"Cer\teals\r\n", typed.section(" / ", 1, 1), " 1 bowl"},
+                            {"10", "2.5", "2.5", "30", "0", "10", "10"});
+            Box(d, "txtMeasure")->insert(QStringLiteral(" \u20ac"));
+            QCoreApplication::processEvents();  // the refusal is told once the box is back as it was
+            QCOMPARE(Combo(d, "comSecondary")->currentText() + '/' + Box(d, "txtMeasure")->text(), "Cereals/ 1 bowl");
+            for (int row : {0, 6})  // protein and sodium as %DV
+                Find<QRadioButton>(d, QStringLiteral("optDV%1").arg(row))->click();
+            QVERIFY(unit(6) == "%DV*" && unit(5) == "mg" && d.FieldsFilled() == kAllFieldsFilled);
+            QCOMPARE(offered(), QStringLiteral("1111"));
+            // Not a number: refused and emptied, and Add waits for it again.
+            QTest::keyClick(Box(d, "txtNutrVal4"), Qt::Key_X);
+            QVERIFY(Box(d, "txtNutrVal4")->text().isEmpty() && offered() == "1110");
+            QTest::keyClicks(Box(d, "txtNutrVal4"), QStringLiteral("1"));
+            a.fakes.prompts.answers = {MsgResult::Yes};
+            Button(d, "btnAdd")->click();
+            QCOMPARE(Said(a.fakes.prompts), said + QStringList(outcome[round]));
+            QCOMPARE(Box(d, "txtCalories")->text(), QStringLiteral("46"));  // 4 x 5 + 4 x 2 + 9 x 2
+            QVERIFY(a.changed.count() == 1 && a.table.Count() == 13 && d.isVisible() == (round == 1));
+            a.TableChanged();
+        }
+        // Kept in Latin-1, in its group's order.
+        QCOMPARE(IndexOf(a.table, "Cereals", "M\xfcsli, cr\xe8me br\xfbl\xe9" "e, \xff", "1 bowl"), 5);
+        QCOMPARE(a.table.Values(5), (NutrientValues{46, 5, 2, 2, 30, 1, 10, 238, 0}));
+
+        // Declined, nothing is added; Help shows its topic; Cancel leaves.
+        Button(d, "btnAdd")->click();
+        QCOMPARE(Said(a.fakes.prompts), QStringList({"Add to database|2|1|Add " + food + "to the database?",
+                                                     "Add to database|1|0|Operation cancelled."}));
+        Button(d, "btnHelp")->click();
+        QCOMPARE(a.fakes.help.calls.back().context, std::optional<int>(7));
+        Button(d, "btnCancel")->click();
+        QVERIFY(!d.isVisible() && a.table.Count() == 13);
     }
 
     void TheListIsSavedAsADishOnce()
     {
-        Program p;
-        p.AddToList(kButter);
-        QVERIFY(!p.h.main->mnuSaveAsDish->isEnabled());
-        p.AddToList(kCheddar);
-        const NutrientValues totals = p.h.session.foodList.Totals();
-        p.h.main->mnuSaveAsDish_Click();
-        SaveDishDialog& d = *p.h.main->database->frmSaveList;
-        QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
-        QCOMPARE(d.comSubgroup->count(), 1);
-        QCOMPARE(d.comSubgroup->itemText(0), QStringLiteral("My Favorites"));
-        QTest::keyClicks(d.comSubgroup->lineEdit(), QStringLiteral("Dishes"));
-        QTest::keyClicks(d.txtDescription, QStringLiteral("lunch"));
-        QVERIFY(!d.btnSaveList->isEnabled());
-        QTest::keyClicks(d.txtMeasure, QStringLiteral("1 plate"));
-        d.btnSaveList->click();  // and keep the grid
-
-        p.Said("Favorites / Dishes / Lunch / 1 plate\r\nsuccessfully added to database.\r\n\r\n"
-               "Do you want to clear the grid?",
-               "Added to database", MsgIcon::Question);
-        QVERIFY(!d.isVisible() && !p.h.main->mnuSaveAsDish->isEnabled());
-        QCOMPARE(p.h.session.foodList.Count(), 2);
-        p.VerifyTableChanged(13);
-        QCOMPARE(p.table().Values(p.Find("Dishes", "Lunch", "1 plate")), totals);
-
-        // Again under the same names: refused, the dialog stays open.
-        p.AddToList(kCheddar);
-        p.h.main->mnuSaveAsDish_Click();
-        QVERIFY(d.txtDescription->text().isEmpty() && d.comSubgroup->currentText().isEmpty());
-        QCOMPARE(d.comSubgroup->itemText(0), QStringLiteral("Dishes"));
-        d.comSubgroup->setCurrentIndex(0);
-        QTest::keyClicks(d.txtDescription, QStringLiteral("Lunch"));
-        QTest::keyClicks(d.txtMeasure, QStringLiteral("1 plate"));
-        d.btnSaveList->click();
-        p.Said("Favorites / Dishes / Lunch / 1 plate\r\nalready exists in the database.", "Unable to add to database",
-               MsgIcon::Exclamation);
-        QVERIFY(d.isVisible());
-        QCOMPARE(p.table().Count(), 13);
+        Alone<SaveDishDialog> a;
+        for (int food : {4, 5})  // a tablespoon of butter and an ounce of cheddar
+            a.session.foodList.Append({.foodIndex = std::int16_t(food), .amounts = a.table.Values(food)});
+        SaveDishDialog& d = a.d;
+        QSignalSpy saved(&d, &SaveDishDialog::dishSaved);
+        QComboBox* subgroup = Combo(d, "comSubgroup");
+        const QString dish = QStringLiteral("Favorites / Dishes / Lunch / 1 plate\r\n");
+        const QStringList outcome = {
+            "Added to database|2|1|" + dish + "successfully added to database.\r\n\r\nDo you want to clear the grid?",
+            "Unable to add to database|3|0|" + dish + "already exists in the database."};
+        for (int round = 0; round < 2; ++round) {
+            d.open();
+            QVERIFY(Box(d, "txtDescription")->text().isEmpty() && subgroup->currentText().isEmpty());
+            QCOMPARE(ComboItems(subgroup).join('/'), round ? "Dishes/My Favorites" : "My Favorites");
+            subgroup->lineEdit()->insert(QStringLiteral("Dishes"));
+            Box(d, "txtDescription")->insert(round ? QStringLiteral("Lunch") : QStringLiteral("lunch"));
+            QVERIFY(!Button(d, "btnSaveList")->isEnabled());
+            Box(d, "txtMeasure")->insert(QStringLiteral("1 plate"));
+            Button(d, "btnSaveList")->click();  // and keep the list; the second time refused
+            QCOMPARE(Said(a.fakes.prompts), QStringList(outcome[round]));
+            QVERIFY(d.isVisible() == (round == 1) && saved.count() == 1 && a.table.Count() == 13);
+            a.TableChanged();
+        }
+        QCOMPARE(saved[0][0].toBool(), false);
+        QCOMPARE(a.table.Values(IndexOf(a.table, "Dishes", "Lunch", "1 plate")), a.session.foodList.Totals());
     }
 
     void TheChosenFoodIsCopiedToFavoritesOnce()
     {
+        Alone<CopyFavoritesDialog> a;
+        CopyFavoritesDialog& d = a.d;
+        QComboBox* subgroup = Combo(d, "comSubgroup");
+        a.session.chooser.currentFood = 5;
+        d.SetChosenFood({"Cheese", "Cheddar", "1 oz"});
+        const QString copy = QStringLiteral("Favorites / Cheese / sharp cheddar / 1 oz\r\n");
+        const QStringList outcome = {
+            "Copied to Favorites|1|0|" + copy + "successfully copied to Favorites.",
+            "Unable to copy to Favorites|3|0|" + copy + "already exists in the Favorites section."};
+        for (int round = 0; round < 2; ++round) {
+            d.open();
+            // The chosen food's subgroup offered when Favorites has it.
+            QVERIFY(subgroup->currentText() == (round ? "Cheese" : "") && Button(d, "btnCopy")->isEnabled() == round);
+            QCOMPARE(Box(d, "txtDescription")->text() + '/' + Find<QLabel>(d, "labMeasure")->text(),
+                     QStringLiteral("Cheddar/1 oz"));
+            subgroup->setEditText(QStringLiteral("Cheese"));
+            Box(d, "txtDescription")->setText(QStringLiteral("sharp cheddar"));
+            Button(d, "btnCopy")->click();  // the second time refused
+            QCOMPARE(Said(a.fakes.prompts), QStringList(outcome[round]));
+            QVERIFY(d.isVisible() == (round == 1) && a.changed.count() == 1 && a.table.Count() == 13);
+            a.TableChanged();
+        }
+        const int copied = IndexOf(a.table, "Cheese", "sharp cheddar", "1 oz");
+        QCOMPARE(a.table.Group(copied), std::string(kFavoritesGroup));
+        QCOMPARE(a.table.Values(copied), a.table.Values(5));
+    }
+
+    void TheDatabaseMenuOpensTheDialogsAndTheChooserFollows()
+    {
         Program p;
-        p.Choose(kCheddar);
-        p.Trigger("mnuCopyToFavorites");
-        CopyFavoritesDialog& d = *p.h.main->database->frmCopy;
-        QVERIFY(d.isVisible() && d.windowModality() == Qt::WindowModal);
-        QVERIFY(d.comSubgroup->currentText().isEmpty() && !d.btnCopy->isEnabled());
-        QCOMPARE(d.txtDescription->text(), QStringLiteral("Cheddar"));
-        QCOMPARE(d.labMeasure->text(), QStringLiteral("1 oz"));
-        QTest::keyClicks(d.comSubgroup->lineEdit(), QStringLiteral("Cheese"));
-        d.txtDescription->setText(QStringLiteral("sharp cheddar"));
-        d.btnCopy->click();
+        auto& add = p.Open<AddFoodDialog>("mnuAddCustomItem", "frmAdd");
+        EnterCustomFood(add, 2, {"Sauces", "Mustard", "1 tsp"});
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        Button(add, "btnAdd")->click();
+        p.VerifyChooserRebuilt(13);  // with a new group
+        QCOMPARE(&p.Open<AddFoodDialog>("mnuAddCustomItem", "frmAdd"), &add);
+        QVERIFY(p.h.main->findChildren<AddFoodDialog*>().size() == 1);
+        add.reject();
 
-        p.Said("Favorites / Cheese / sharp cheddar / 1 oz\r\nsuccessfully copied to Favorites.", "Copied to Favorites",
-               MsgIcon::Information);
-        QVERIFY(!d.isVisible());
-        p.VerifyTableChanged(13);
-        const int copy = p.Find("Cheese", "sharp cheddar", "1 oz");
-        QCOMPARE(p.table().Group(copy), std::string(kFavoritesGroup));
-        QCOMPARE(p.table().Values(copy), p.table().Values(p.Find("Cheese", "Cheddar", "1 oz")));
+        // The dish: the list kept, and not offered as a dish again as it is.
+        p.AddToList(kButter);
+        p.AddToList(kCheddar);
+        auto& save = p.Open<SaveDishDialog>("mnuSaveAsDish", "frmSaveList");
+        for (QLineEdit* box : {Combo(save, "comSubgroup")->lineEdit(), Box(save, "txtDescription"),
+                               Box(save, "txtMeasure")})
+            box->insert(QStringLiteral("Dish"));
+        Button(save, "btnSaveList")->click();
+        QVERIFY(!save.isVisible() && !p.Menu("mnuSaveAsDish")->isEnabled() && p.h.session.foodList.Count() == 2);
+        p.VerifyChooserRebuilt(14);
 
-        // The copy itself, copied again under its own names.
-        p.Choose({"Favorites", "Cheese", "sharp cheddar", "1 oz"});
-        p.Trigger("mnuCopyToFavorites");
-        QCOMPARE(d.comSubgroup->currentText(), QStringLiteral("Cheese"));
-        QVERIFY(d.btnCopy->isEnabled());
-        d.btnCopy->click();
-        p.Said("Favorites / Cheese / sharp cheddar / 1 oz\r\nalready exists in the Favorites section.",
-               "Unable to copy to Favorites", MsgIcon::Exclamation);
-        QVERIFY(d.isVisible());
-        QCOMPARE(p.table().Count(), 13);
+        // The copy starts from the food the chooser shows.
+        ChooseFood(p.page(), kCheddar);
+        auto& copy = p.Open<CopyFavoritesDialog>("mnuCopyToFavorites", "frmCopy");
+        QCOMPARE(Box(copy, "txtDescription")->text() + '/' + Find<QLabel>(copy, "labMeasure")->text(),
+                 QStringLiteral("Cheddar/1 oz"));
+        Combo(copy, "comSubgroup")->lineEdit()->insert(QStringLiteral("Cheeses"));
+        Button(copy, "btnCopy")->click();
+        p.VerifyChooserRebuilt(15);
+        QCOMPARE(p.table().Values(IndexOf(p.table(), "Cheeses", "Cheddar", "1 oz")), p.table().Values(5));
     }
 
     void AFullTableTakesNoMoreFoods()
@@ -256,63 +299,57 @@ private slots:
             table.Append(Food("Vegetables", "Zucchini " + std::to_string(10 + n / 100),
                               "Cut " + std::to_string(100 + n % 100), "1 cup", 1, 4, 0));
         Program p(table);
-        const QString full = QStringLiteral("The database has reached its maximum size (4,000 items).\r\n"
-                                            "If you need to add additional items, you will need to\r\n"
-                                            "delete unwanted items.\r\n");
-        p.Trigger("mnuAddCustomItem");
-        p.Said(full, "No room in database", MsgIcon::Critical);
-        p.Choose(kCheddar);
-        p.Trigger("mnuCopyToFavorites");
-        p.Said(full, "No room in database", MsgIcon::Critical);
-        QVERIFY(!p.h.main->database->frmAdd && !p.h.main->database->frmCopy);
+        const QString full = QStringLiteral("No room in database|4|0|The database has reached its maximum size "
+                                            "(4,000 items).\r\nIf you need to add additional items, you will need "
+                                            "to\r\ndelete unwanted items.\r\n");
+        ChooseFood(p.page(), kCheddar);
+        p.Menu("mnuAddCustomItem")->trigger();
+        p.Menu("mnuCopyToFavorites")->trigger();
+        QCOMPARE(Said(p.h.fakes.prompts), QStringList({full, full}));
+        QVERIFY(!p.h.main->findChild<AddFoodDialog*>() && !p.h.main->findChild<CopyFavoritesDialog*>());
 
         // Saving a dish is offered without the test, and refused on saving.
         p.AddToList(kButter);
         p.AddToList(kCheddar);
-        p.h.main->mnuSaveAsDish_Click();
-        SaveDishDialog& d = *p.h.main->database->frmSaveList;
-        for (QLineEdit* box : {d.comSubgroup->lineEdit(), d.txtDescription, d.txtMeasure})
-            QTest::keyClicks(box, QStringLiteral("Dish"));
-        d.btnSaveList->click();
-        p.Said(full, "No room in database", MsgIcon::Critical);
-        QVERIFY(!d.isVisible());
-        QCOMPARE(p.table().Count(), kFoodCapacity);
-        QCOMPARE(p.h.session.foodList.Count(), 2);
+        auto& d = p.Open<SaveDishDialog>("mnuSaveAsDish", "frmSaveList");
+        for (QLineEdit* box : {Combo(d, "comSubgroup")->lineEdit(), Box(d, "txtDescription"), Box(d, "txtMeasure")})
+            box->insert(QStringLiteral("Dish"));
+        Button(d, "btnSaveList")->click();
+        QCOMPARE(Said(p.h.fakes.prompts), QStringList(full));
+        QVERIFY(!d.isVisible() && p.table().Count() == kFoodCapacity && p.h.session.foodList.Count() == 2);
     }
 
     void AFoodIsDeletedWithItsMeasuresUnlessTheListUsesIt()
     {
         Program p;
+        QAction* remove = p.Menu("mnuDeleteFromDatabase");
         p.AddToList({"Dairy and Eggs", "Butter", "Salted", "1 pat"});
-        p.Choose(kButter);  // the other measure of the listed butter
-        p.Trigger("mnuDeleteFromDatabase");
-        p.Said("You are using this food in your list\r\nof foods, as displayed in the grid.\r\n\r\n"
-               "You cannot delete this food from the\r\ndatabase until you remove it from the\r\ngrid.",
-               "Delete from Database", MsgIcon::Exclamation);
-        QVERIFY(!p.h.main->mnuDeleteFromDatabase->isEnabled());
-        QCOMPARE(p.table().Count(), 12);
+        ChooseFood(p.page(), kButter);  // the other measure of the listed butter
+        remove->trigger();
+        QCOMPARE(Said(p.h.fakes.prompts),
+                 QStringList(QStringLiteral("Delete from Database|3|0|You are using this food in your list\r\nof "
+                                            "foods, as displayed in the grid.\r\n\r\nYou cannot delete this food "
+                                            "from the\r\ndatabase until you remove it from the\r\ngrid.")));
+        QVERIFY(!remove->isEnabled() && p.table().Count() == 12);
 
-        const std::string beer = p.table().Record(2).description;
-        p.Choose({"Fruits", "Apples", "Raw, with skin", "1 medium"});
-        p.Trigger("mnuDeleteFromDatabase");  // and answer No
-        p.Said("Deletion has been canceled.", "Delete from Database", MsgIcon::Information);
-        QCOMPARE(p.table().Count(), 12);
+        ChooseFood(p.page(), {"Fruits", "Apples", "Raw, with skin", "1 medium"});
+        const QString question = QStringLiteral(
+            "Delete from Database|2|1|This will permanently delete the item:\r\n"
+            "\"Fruits / Apples / Raw, with skin\"\r\nfrom the database of foods.\r\n\r\n"
+            "Do you want to delete this item?");
+        remove->trigger();  // and answer No
         p.h.fakes.prompts.answers = {MsgResult::Yes};
-        p.Trigger("mnuDeleteFromDatabase");
-        QCOMPARE(p.h.fakes.prompts.messages.front().text,
-                 QStringLiteral("This will permanently delete the item:\r\n\"Fruits / Apples / Raw, with skin\"\r\n"
-                                "from the database of foods.\r\n\r\nDo you want to delete this item?"));
-        p.Said("Item has been deleted.", "Delete from Database", MsgIcon::Information);
-        p.VerifyTableChanged(10);
-        QCOMPARE(p.page().comTier0->findText(QStringLiteral("Fruits")), -1);
-        QCOMPARE(p.table().Group(8), std::string("Vegetables"));
-        QCOMPARE(p.table().Record(2).description, beer);
+        remove->trigger();
+        QCOMPARE(Said(p.h.fakes.prompts), QStringList({question, "Delete from Database|1|0|Deletion has been canceled.",
+                                                       question, "Delete from Database|1|0|Item has been deleted."}));
+        p.VerifyChooserRebuilt(10);
+        QVERIFY(p.table().Group(7) == "Favorites" && p.table().Group(8) == "Vegetables");
 
         // Deleting a food before the listed one moves it down: its row still
         // names it, and so it still cannot be deleted.
-        p.Choose({"Beverages", "Beer", "Regular", "12 fl oz"});
+        ChooseFood(p.page(), {"Beverages", "Beer", "Regular", "12 fl oz"});
         p.h.fakes.prompts.answers = {MsgResult::Yes};
-        p.Trigger("mnuDeleteFromDatabase");
+        remove->trigger();
         const int listed = p.h.session.foodList.Entry(1).foodIndex;
         QCOMPARE(p.table().Description(listed) + "/" + p.table().Measure(listed), std::string("Salted/1 pat"));
     }

@@ -32,6 +32,27 @@ public:
     // hold a number; Add is offered at kAllFieldsFilled.
     std::int32_t FieldsFilled() const { return fieldsFilled_; }
 
+private:
+    void BuildControls();
+    void Form_Activate() override;
+    // Everything below the group disabled and emptied.
+    void DisableGUI();
+    void EnableGUI();
+    void SetToUnits();
+    void SetToDV();
+    void EnableAdd();
+    void SetFieldFilled(int bit, bool filled);
+    void comPrimary_Click();
+    void comSecondary_Change();
+    void txtDescription_KeyUp();
+    void txtMeasure_KeyUp();
+    void txtNutrVal_KeyUp(int row);
+    void optUnits_Click(int row);
+    void optDV_Click(int row);
+    void btnAdd_Click();
+
+    std::int32_t fieldsFilled_ = 0;
+
     QLabel* labPrimary = nullptr;
     QComboBox* comPrimary = nullptr;
     QLabel* labSecondary = nullptr;
@@ -54,27 +75,6 @@ public:
     QPushButton* btnAdd = nullptr;
     QPushButton* btnCancel = nullptr;
     QPushButton* btnHelp = nullptr;
-
-private:
-    void BuildControls();
-    void Form_Activate() override;
-    // Everything below the group disabled and emptied.
-    void DisableGUI();
-    void EnableGUI();
-    void SetToUnits();
-    void SetToDV();
-    void EnableAdd();
-    void SetFieldFilled(int bit, bool filled);
-    void comPrimary_Click();
-    void comSecondary_Change();
-    void txtDescription_KeyUp();
-    void txtMeasure_KeyUp();
-    void txtNutrVal_KeyUp(int row);
-    void optUnits_Click(int row);
-    void optDV_Click(int row);
-    void btnAdd_Click();
-
-    std::int32_t fieldsFilled_ = 0;
 };
 
 }  // namespace pw

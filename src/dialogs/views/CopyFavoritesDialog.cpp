@@ -22,11 +22,9 @@ CopyFavoritesDialog::CopyFavoritesDialog(FoodSession& session, Seams& seams, Err
     : FavoritesDialog(session, seams, guard, kTopicCopyToFavorites, parent)
 {
     BuildControls();
-    connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
-    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(SubgroupBox(), &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
+    connect(DescriptionBox(), &QLineEdit::textChanged, this, Guarded([this] { EnableCopy(); }));
     connect(btnCopy, &QPushButton::clicked, this, Guarded([this] { btnCopy_Click(); }));
-    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
     EnableCopy();
 }
 
@@ -42,28 +40,29 @@ void CopyFavoritesDialog::BuildControls()
 
 void CopyFavoritesDialog::Form_Activate()
 {
-    FillFavoritesSubgroups(comSubgroup);
+    QComboBox* subgroup = SubgroupBox();
+    FillFavoritesSubgroups(subgroup);
     // The chosen food's own subgroup when Favorites has one of that name.
-    comSubgroup->setCurrentIndex(comSubgroup->findText(chosen_.subgroup, Qt::MatchExactly | Qt::MatchCaseSensitive));
-    if (comSubgroup->currentIndex() < 0)
-        comSubgroup->clearEditText();
-    txtDescription->setText(chosen_.description);
+    subgroup->setCurrentIndex(subgroup->findText(chosen_.subgroup, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    if (subgroup->currentIndex() < 0)
+        subgroup->clearEditText();
+    DescriptionBox()->setText(chosen_.description);
     labMeasure->setText(chosen_.measure);
     EnableCopy();
-    comSubgroup->setFocus();
+    subgroup->setFocus();
 }
 
 void CopyFavoritesDialog::EnableCopy()
 {
-    btnCopy->setEnabled(!comSubgroup->currentText().isEmpty() && !txtDescription->text().isEmpty());
+    btnCopy->setEnabled(!SubgroupBox()->currentText().isEmpty() && !DescriptionBox()->text().isEmpty());
 }
 
 void CopyFavoritesDialog::btnCopy_Click()
 {
     // The messages name the food as the boxes hold it; the insert trims its
     // own copies.
-    const std::string shownSubgroup = ToLatin1(comSubgroup->currentText());
-    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownSubgroup = ToLatin1(SubgroupBox()->currentText());
+    const std::string shownDescription = ToLatin1(DescriptionBox()->text());
     const std::string shownMeasure = ToLatin1(labMeasure->text());
     std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
     const std::int16_t result =

@@ -32,9 +32,6 @@ public:
     };
     void SetChosenFood(ChosenFood food) { chosen_ = std::move(food); }
 
-    QLabel* labMeasure = nullptr;  // the chosen food's measure, kept
-    QPushButton* btnCopy = nullptr;
-
 private:
     void BuildControls();
     void Form_Activate() override;
@@ -43,6 +40,8 @@ private:
     void btnCopy_Click();
 
     ChosenFood chosen_;
+    QLabel* labMeasure = nullptr;  // the chosen food's measure, kept
+    QPushButton* btnCopy = nullptr;
 };
 
 }  // namespace pw

@@ -41,10 +41,6 @@ public:
     // The chosen description with all its measures, unless the list uses one.
     void DeleteFromDatabase();
 
-    AddFoodDialog* frmAdd = nullptr;
-    SaveDishDialog* frmSaveList = nullptr;
-    CopyFavoritesDialog* frmCopy = nullptr;
-
 signals:
     // The dish is saved and the user asked to clear the list it came from.
     void clearListRequested();
@@ -66,6 +62,11 @@ private:
     ErrorGuard& guard_;
     ChooserLink chooser_;
     QWidget& window_;
+    // Made at their first opening, children of the window named "frmAdd",
+    // "frmSaveList" and "frmCopy".
+    AddFoodDialog* frmAdd = nullptr;
+    SaveDishDialog* frmSaveList = nullptr;
+    CopyFavoritesDialog* frmCopy = nullptr;
 };
 
 }  // namespace pw

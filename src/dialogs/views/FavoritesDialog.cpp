@@ -34,6 +34,8 @@ void FavoritesDialog::BuildFavoritesForm(const char* subgroupTip, const char* de
     labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), measureCaption);
     btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
     btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
+    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
+    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
 
     auto* fields = new QGridLayout;
     QWidget* const rows[4][2] = {{labFoodGroupLabel, labFoodGroup},

@@ -10,7 +10,19 @@ namespace pw {
 
 class FavoritesDialog : public FoodTableDialog {
     Q_OBJECT
-public:
+protected:
+    using FoodTableDialog::FoodTableDialog;
+
+    // Creates the shared controls, lays out the form with the dialog's own
+    // measure field and action button, and wires Cancel and Help.
+    void BuildFavoritesForm(const char* subgroupTip, const char* descriptionTip, const char* measureCaption,
+                            QWidget* measureField, QPushButton* action);
+
+    // The boxes each dialog fills and reads its own way.
+    QComboBox* SubgroupBox() const { return comSubgroup; }
+    QLineEdit* DescriptionBox() const { return txtDescription; }
+
+private:
     QLabel* labFoodGroupLabel = nullptr;
     QLabel* labFoodGroup = nullptr;
     QLabel* labChooseSubGroupLabel = nullptr;
@@ -20,14 +32,6 @@ public:
     QLabel* labUnitOfMeasureLabel = nullptr;
     QPushButton* btnCancel = nullptr;
     QPushButton* btnHelp = nullptr;
-
-protected:
-    using FoodTableDialog::FoodTableDialog;
-
-    // Creates the shared controls and lays out the form with the dialog's
-    // own measure field and action button.
-    void BuildFavoritesForm(const char* subgroupTip, const char* descriptionTip, const char* measureCaption,
-                            QWidget* measureField, QPushButton* action);
 };
 
 }  // namespace pw

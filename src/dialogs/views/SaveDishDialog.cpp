@@ -24,12 +24,10 @@ SaveDishDialog::SaveDishDialog(FoodSession& session, Seams& seams, ErrorGuard* g
     : FavoritesDialog(session, seams, guard, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();
-    connect(comSubgroup, &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
-    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
+    connect(SubgroupBox(), &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
+    connect(DescriptionBox(), &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
     connect(txtMeasure, &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
     connect(btnSaveList, &QPushButton::clicked, this, Guarded([this] { btnSaveList_Click(); }));
-    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
     EnableSave();
 }
 
@@ -49,28 +47,29 @@ void SaveDishDialog::BuildControls()
 
 void SaveDishDialog::Form_Activate()
 {
-    txtDescription->clear();
+    QComboBox* subgroup = SubgroupBox();
+    DescriptionBox()->clear();
     txtMeasure->clear();
-    FillFavoritesSubgroups(comSubgroup);
-    comSubgroup->setCurrentIndex(-1);
-    comSubgroup->clearEditText();
+    FillFavoritesSubgroups(subgroup);
+    subgroup->setCurrentIndex(-1);
+    subgroup->clearEditText();
     EnableSave();
-    comSubgroup->setFocus();
+    subgroup->setFocus();
 }
 
 void SaveDishDialog::EnableSave()
 {
-    btnSaveList->setEnabled(!comSubgroup->currentText().isEmpty() && !txtDescription->text().isEmpty() &&
+    btnSaveList->setEnabled(!SubgroupBox()->currentText().isEmpty() && !DescriptionBox()->text().isEmpty() &&
                             !txtMeasure->text().isEmpty());
 }
 
 void SaveDishDialog::btnSaveList_Click()
 {
-    txtDescription->setText(QString::fromLatin1(CapitalizeFirst(ToLatin1(txtDescription->text()))));
+    DescriptionBox()->setText(QString::fromLatin1(CapitalizeFirst(ToLatin1(DescriptionBox()->text()))));
     // The messages name the dish as the boxes hold it; the insert trims its
     // own copies.
-    const std::string shownSubgroup = ToLatin1(comSubgroup->currentText());
-    const std::string shownDescription = ToLatin1(txtDescription->text());
+    const std::string shownSubgroup = ToLatin1(SubgroupBox()->currentText());
+    const std::string shownDescription = ToLatin1(DescriptionBox()->text());
     const std::string shownMeasure = ToLatin1(txtMeasure->text());
     std::string subgroup = shownSubgroup, description = shownDescription, measure = shownMeasure;
     const std::int16_t result =

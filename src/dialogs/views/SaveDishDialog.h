@@ -20,9 +20,6 @@ class SaveDishDialog : public FavoritesDialog {
 public:
     SaveDishDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
-    QLineEdit* txtMeasure = nullptr;
-    QPushButton* btnSaveList = nullptr;
-
 signals:
     // The dish is in the table; clearList when the user asked to clear the
     // list it was made from.
@@ -34,6 +31,9 @@ private:
     // Save is offered while subgroup, description and measure hold text.
     void EnableSave();
     void btnSaveList_Click();
+
+    QLineEdit* txtMeasure = nullptr;
+    QPushButton* btnSaveList = nullptr;
 };
 
 }  // namespace pw

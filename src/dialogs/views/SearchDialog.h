@@ -30,31 +30,14 @@ public:
 
     ErrorGuard* const guard;
 
-signals:
-    // Accept: the food at this FoodTable index, to be shown without a measure.
-    void foodChosen(int index);
-
-public:
     // Grid rows listed by the last search, and the row last moved to
     // (1-based, 0 when none).
     int ResultCount() const { return static_cast<int>(results_.size()); }
     int SelectedResult() const { return selectedResult_; }
 
-    QLabel* labEnterSearchTerm = nullptr;
-    QLineEdit* txtSearch = nullptr;
-    QPushButton* btnSearch = nullptr;
-    QGroupBox* frameResults = nullptr;
-    QTableWidget* gridSearch = nullptr;
-    QLabel* labPrimaryLabel = nullptr;
-    QLabel* labPrimary = nullptr;
-    QLabel* labSecondaryLabel = nullptr;
-    QLabel* labSecondary = nullptr;
-    QLabel* labDescriptionLabel = nullptr;
-    QLabel* labDescription = nullptr;
-    QPushButton* btnNewSearch = nullptr;
-    QPushButton* btnAccept = nullptr;
-    QPushButton* btnCancel = nullptr;
-    QPushButton* btnHelp = nullptr;
+signals:
+    // Accept: the food at this FoodTable index, to be shown without a measure.
+    void foodChosen(int index);
 
 public slots:
     // Closing the window or Escape leave as Cancel does.
@@ -87,6 +70,22 @@ private:
     int selectedResult_ = 0;
     TwipsLength width_;
     TwipsLength height_;
+
+    QLabel* labEnterSearchTerm = nullptr;
+    QLineEdit* txtSearch = nullptr;
+    QPushButton* btnSearch = nullptr;
+    QGroupBox* frameResults = nullptr;
+    QTableWidget* gridSearch = nullptr;
+    QLabel* labPrimaryLabel = nullptr;
+    QLabel* labPrimary = nullptr;
+    QLabel* labSecondaryLabel = nullptr;
+    QLabel* labSecondary = nullptr;
+    QLabel* labDescriptionLabel = nullptr;
+    QLabel* labDescription = nullptr;
+    QPushButton* btnNewSearch = nullptr;
+    QPushButton* btnAccept = nullptr;
+    QPushButton* btnCancel = nullptr;
+    QPushButton* btnHelp = nullptr;
 };
 
 }  // namespace pw
