@@ -212,8 +212,9 @@ int main(int argc, char** argv)
         auto* find = Named<QPushButton>(*search, "btnSearch");
         find->setEnabled(true);
         find->click();
-        if (search->gridSearch->rowCount() > 1)
-            search->gridSearch->setCurrentCell(1, 0);
+        auto* results = Named<QTableWidget>(*search, "gridSearch");
+        if (results->rowCount() > 1)
+            results->setCurrentCell(1, 0);
         pictures.Save(search, "search.png");
         Named<QPushButton>(*search, "btnCancel")->click();
     }
@@ -233,8 +234,8 @@ int main(int argc, char** argv)
         const char* const label[] = {"4", "29", "6", "0", "2", "10", "8"};
         for (std::size_t i = 0; i < kCustomNutrients && i < std::size(label); ++i)
             Named<QLineEdit>(*add, QStringLiteral("txtNutrVal%1").arg(i))->setText(QString::fromLatin1(label[i]));
-        add->optDV[5]->click();
-        add->optDV[6]->click();
+        Named<QRadioButton>(*add, "optDV5")->click();
+        Named<QRadioButton>(*add, "optDV6")->click();
         pictures.Save(add, "addcustom.png");
         add->reject();
     }
