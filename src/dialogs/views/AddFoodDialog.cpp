@@ -59,21 +59,21 @@ AddFoodDialog::AddFoodDialog(FoodSession& session, Seams& seams, ErrorGuard* gua
     : FoodTableDialog(session, seams, guard, kTopicAddCustomFood, parent)
 {
     BuildControls();
-    connect(comPrimary, &QComboBox::activated, this, Guarded([this] { comPrimary_Click(); }));
+    ConnectGuarded(comPrimary, &QComboBox::activated, this, [this] { comPrimary_Click(); }, guard);
     // A pick from the list and typing both change the subgroup.
-    connect(comSecondary, &QComboBox::activated, this, Guarded([this] { comSecondary_Change(); }));
-    connect(comSecondary->lineEdit(), &QLineEdit::textEdited, this, Guarded([this] { comSecondary_Change(); }));
+    ConnectGuarded(comSecondary, &QComboBox::activated, this, [this] { comSecondary_Change(); }, guard);
+    ConnectGuarded(comSecondary->lineEdit(), &QLineEdit::textEdited, this, [this] { comSecondary_Change(); }, guard);
     // The boxes' bits follow their text however it changes.
-    connect(txtDescription, &QLineEdit::textChanged, this, Guarded([this] { txtDescription_KeyUp(); }));
-    connect(txtMeasure, &QLineEdit::textChanged, this, Guarded([this] { txtMeasure_KeyUp(); }));
+    ConnectGuarded(txtDescription, &QLineEdit::textChanged, this, [this] { txtDescription_KeyUp(); }, guard);
+    ConnectGuarded(txtMeasure, &QLineEdit::textChanged, this, [this] { txtMeasure_KeyUp(); }, guard);
     for (int i = 0; i < kCustomNutrients; ++i) {
-        connect(txtNutrVal[i], &QLineEdit::textChanged, this, Guarded([this, i] { txtNutrVal_KeyUp(i); }));
-        connect(optUnits[i], &QRadioButton::clicked, this, Guarded([this, i] { optUnits_Click(i); }));
-        connect(optDV[i], &QRadioButton::clicked, this, Guarded([this, i] { optDV_Click(i); }));
+        ConnectGuarded(txtNutrVal[i], &QLineEdit::textChanged, this, [this, i] { txtNutrVal_KeyUp(i); }, guard);
+        ConnectGuarded(optUnits[i], &QRadioButton::clicked, this, [this, i] { optUnits_Click(i); }, guard);
+        ConnectGuarded(optDV[i], &QRadioButton::clicked, this, [this, i] { optDV_Click(i); }, guard);
     }
-    connect(btnAdd, &QPushButton::clicked, this, Guarded([this] { btnAdd_Click(); }));
-    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
+    ConnectGuarded(btnAdd, &QPushButton::clicked, this, [this] { btnAdd_Click(); }, guard);
+    ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancel_Click(); }, guard);
+    ConnectGuarded(btnHelp, &QPushButton::clicked, this, [this] { btnHelp_Click(); }, guard);
     Form_Activate();
 }
 

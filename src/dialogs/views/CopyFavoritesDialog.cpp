@@ -22,9 +22,9 @@ CopyFavoritesDialog::CopyFavoritesDialog(FoodSession& session, Seams& seams, Err
     : FavoritesDialog(session, seams, guard, kTopicCopyToFavorites, parent)
 {
     BuildControls();
-    connect(SubgroupBox(), &QComboBox::editTextChanged, this, Guarded([this] { EnableCopy(); }));
-    connect(DescriptionBox(), &QLineEdit::textChanged, this, Guarded([this] { EnableCopy(); }));
-    connect(btnCopy, &QPushButton::clicked, this, Guarded([this] { btnCopy_Click(); }));
+    ConnectGuarded(SubgroupBox(), &QComboBox::editTextChanged, this, [this] { EnableCopy(); }, guard);
+    ConnectGuarded(DescriptionBox(), &QLineEdit::textChanged, this, [this] { EnableCopy(); }, guard);
+    ConnectGuarded(btnCopy, &QPushButton::clicked, this, [this] { btnCopy_Click(); }, guard);
     EnableCopy();
 }
 

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <iterator>
 
+#include "core/views/ErrorGuard.h"
 #include "core/views/StoredTextValidator.h"
 #include "fooddb/FoodTable.h"
 
@@ -34,8 +35,8 @@ void FavoritesDialog::BuildFavoritesForm(const char* subgroupTip, const char* de
     labUnitOfMeasureLabel = MakeDialogLabel(this, QStringLiteral("labUnitOfMeasureLabel"), measureCaption);
     btnCancel = MakeDialogButton(this, "btnCancel", "Cancel", nullptr);
     btnHelp = MakeDialogButton(this, "btnHelp", "Help", nullptr);
-    connect(btnCancel, &QPushButton::clicked, this, Guarded([this] { btnCancel_Click(); }));
-    connect(btnHelp, &QPushButton::clicked, this, Guarded([this] { btnHelp_Click(); }));
+    ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancel_Click(); }, guard);
+    ConnectGuarded(btnHelp, &QPushButton::clicked, this, [this] { btnHelp_Click(); }, guard);
 
     auto* fields = new QGridLayout;
     QWidget* const rows[4][2] = {{labFoodGroupLabel, labFoodGroup},

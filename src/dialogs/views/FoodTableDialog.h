@@ -44,13 +44,6 @@ protected:
     void btnCancel_Click();
     void btnHelp_Click();
 
-    // A slot for connect() that runs work inside the guard.
-    template <class Work>
-    auto Guarded(Work work)
-    {
-        return [this, work] { RunGuarded(guard, work); };
-    }
-
     // The editable subgroup box of the Favorites dialogs, and its list: each
     // Favorites subgroup once, in table order.
     QComboBox* MakeFavoritesSubgroupBox(const char* tip);

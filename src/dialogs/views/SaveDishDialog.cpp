@@ -24,10 +24,10 @@ SaveDishDialog::SaveDishDialog(FoodSession& session, Seams& seams, ErrorGuard* g
     : FavoritesDialog(session, seams, guard, kTopicFavoritesAndDishes, parent)
 {
     BuildControls();
-    connect(SubgroupBox(), &QComboBox::editTextChanged, this, Guarded([this] { EnableSave(); }));
-    connect(DescriptionBox(), &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
-    connect(txtMeasure, &QLineEdit::textChanged, this, Guarded([this] { EnableSave(); }));
-    connect(btnSaveList, &QPushButton::clicked, this, Guarded([this] { btnSaveList_Click(); }));
+    ConnectGuarded(SubgroupBox(), &QComboBox::editTextChanged, this, [this] { EnableSave(); }, guard);
+    ConnectGuarded(DescriptionBox(), &QLineEdit::textChanged, this, [this] { EnableSave(); }, guard);
+    ConnectGuarded(txtMeasure, &QLineEdit::textChanged, this, [this] { EnableSave(); }, guard);
+    ConnectGuarded(btnSaveList, &QPushButton::clicked, this, [this] { btnSaveList_Click(); }, guard);
     EnableSave();
 }
 
