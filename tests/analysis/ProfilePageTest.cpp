@@ -215,7 +215,7 @@ private slots:
         QVERIFY(watch.Written().empty());
     }
 
-    void TypingAProfileKeyByKeyMakesItValid()
+    void TypingAProfileKeyByKeyMakesItValidAndNewProfileEmptiesIt()
     {
         Page p;
         p.Type("txtName", "Ann Lee");
@@ -245,6 +245,20 @@ private slots:
         QTest::keyClick(p.Box("txtWeight"), Qt::Key_Backspace);
         QCOMPARE(p.LastValidity(), kInvalid);
         QVERIFY(!p.CanSave());
+
+        // New Profile empties the entries of a valid profile and keeps its
+        // options; Help opens the profile's topic.
+        p.Type("txtWeight", "0");
+        QCOMPARE(p.LastValidity(), kValid);
+        p.Click("btnNewProfile");
+        QCOMPARE(p.Entries(), QStringList({"", "", "", ""}));
+        QCOMPARE(p.LastValidity(), kInvalid);
+        QVERIFY(!p.CanSave() && p.Messages().empty());
+        QCOMPARE(p.Options(), QStringList({"optMeasurement0", "optSex1", "optLifestyle2"}));
+        p.Click("btnTab1Help");
+        QCOMPARE(p.fakes.help.calls.size(), size_t(1));
+        const HelpCall& help = p.fakes.help.calls[0];
+        QVERIFY(help.file == Q(p.folder.File("Pw.hlp")) && help.command == kHelpContext && help.context == 2);
     }
 
     void SwitchingUnitsShowsTheStoredValuesRounded()
@@ -355,24 +369,6 @@ private slots:
         QCOMPARE(int(p.Messages().size()), 1);
     }
 
-    void NewProfileEmptiesTheEntriesAndHelpOpensTheTopic()
-    {
-        Page p;
-        p.TypeValidProfile();
-        p.Click("optSex1");
-        QCOMPARE(p.LastValidity(), kValid);
-        p.Click("btnNewProfile");
-        QCOMPARE(p.Entries(), QStringList({"", "", "", ""}));
-        QCOMPARE(p.LastValidity(), kInvalid);
-        QVERIFY(!p.CanSave() && p.Messages().empty());
-        QCOMPARE(p.Options(), QStringList({"optMeasurement0", "optSex1", "optLifestyle0"}));
-
-        p.Click("btnTab1Help");
-        QCOMPARE(p.fakes.help.calls.size(), size_t(1));
-        const HelpCall& help = p.fakes.help.calls[0];
-        QVERIFY(help.file == Q(p.folder.File("Pw.hlp")) && help.command == kHelpContext && help.context == 2);
-    }
-
     void SaveProfileWritesTheFileAndSaysSo()
     {
         Page p;
@@ -382,7 +378,8 @@ private slots:
         p.fakes.files.answers.push_back(Q(path));
         p.Click("btnSaveProfile");
         QCOMPARE(p.fakes.files.saveRequests.size(), size_t(1));
-        QCOMPARE(Described(p.fakes.files.saveRequests[0]), Q(p.folder.Path()) + "|.pwp|Ann.pwp|" + kProfileFilter + "|1100");
+        QCOMPARE(Described(p.fakes.files.saveRequests[0]),
+                 Q(p.folder.Path()) + "|.pwp|Ann.pwp|" + kProfileFilter + "|1100");
         QCOMPARE(ReadWholeFile(path),
                  std::string("NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\nSEX: 0 \r\n"
                              "LIFESTYLE: 2 \r\n"));
@@ -525,8 +522,8 @@ private slots:
         // reading, and his daily values.
         Session session;
         ProfileInputs inputs;
-        ApplyProfileSettings(ParseProfileBytes("YOB:80\nMEASUREMENT:1\nHEIGHT:175\nWEIGHT:70\nSEX:1\nLIFESTYLE:1").settings,
-                             inputs);
+        const char* const pwp = "YOB:80\nMEASUREMENT:1\nHEIGHT:175\nWEIGHT:70\nSEX:1\nLIFESTYLE:1";
+        ApplyProfileSettings(ParseProfileBytes(pwp).settings, inputs);
         QVERIFY(ValidateProfile(inputs, 2026, session.profile).valid);
         AnalysisPage page(session);
         page.UpdateSummary();
