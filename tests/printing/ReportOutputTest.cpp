@@ -313,7 +313,6 @@ private slots:
             QString list;
         } cases[] = {
             {{}, CommandAction::Window, {}, {}},
-            {{"day.pwl"}, CommandAction::Window, {}, "day.pwl"},
             {{"-platform", "offscreen", "-reverse", "day.pwl"}, CommandAction::Window, {}, "day.pwl"},
             {{"day.pwl", "--export-csv=o.csv"}, CommandAction::ExportCsv, "o.csv", "day.pwl"},
             {{"a.pwl", "b.pwl"}, CommandAction::Error, {}, {}},
