@@ -6,5 +6,5 @@ list(APPEND MODEL_SOURCES
 )
 list(APPEND VIEW_SOURCES
   src/foodlist/views/FoodListGrid.cpp
-  src/foodlist/views/FoodListPage.cpp
+  src/foodlist/views/FoodChooserPage.cpp
 )

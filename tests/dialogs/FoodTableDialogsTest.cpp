@@ -91,7 +91,7 @@ struct Alone {
 // The running program on a food table.
 struct Program {
     explicit Program(const FoodTable& table = SampleTable()) { h.StartOn(DataFileBytes(table)); }
-    FoodListPage& page() const { return *Find<FoodListPage>(*h.main, "pageFoodList"); }
+    FoodChooserPage& page() const { return *Find<FoodChooserPage>(*h.main, "pageFoodList"); }
     FoodTable& table() { return h.session.foodTable; }
     QAction* Menu(const char* name) const { return Find<QAction>(*h.main, name); }
     // The dialog the menu item opens, checked open over the main window.

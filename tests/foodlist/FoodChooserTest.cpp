@@ -8,7 +8,7 @@
 #include "Fixtures.h"
 #include "TempFolder.h"
 #include "WindowTestSupport.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "foodlist/FoodSession.h"
 
 using namespace pw;
@@ -53,9 +53,9 @@ struct Chooser {
         folder.Write("pw.hlp", "help");
         session.foodTable = std::move(table);
         session.dailyValues = {2000, 50, 300, 65, 300, 25, 800, 2400};
-        page = std::make_unique<FoodListPage>(session, fakes.seams, nullptr, [this] { return byUnits; });
-        QObject::connect(page.get(), &FoodListPage::copyToFavoritesAvailable, [this](bool on) { copyToFavorites = on; });
-        QObject::connect(page.get(), &FoodListPage::deleteFromDatabaseAvailable,
+        page = std::make_unique<FoodChooserPage>(session, fakes.seams, nullptr, [this] { return byUnits; });
+        QObject::connect(page.get(), &FoodChooserPage::copyToFavoritesAvailable, [this](bool on) { copyToFavorites = on; });
+        QObject::connect(page.get(), &FoodChooserPage::deleteFromDatabaseAvailable,
                          [this](bool on) { deleteFromDatabase = on; });
         page->RebuildTierMap();
         page->FillQuantityList();
@@ -146,13 +146,13 @@ struct Chooser {
     bool byUnits = true;
     bool copyToFavorites = false;
     bool deleteFromDatabase = false;
-    std::unique_ptr<FoodListPage> page;
+    std::unique_ptr<FoodChooserPage> page;
 };
 
 const QStringList kButterTbsp = {"Dairy and Eggs", "Butter", "Salted", "1 tbsp"};
-const std::array<void (FoodListPage::*)(), 4> kTierOperations = {
-    &FoodListPage::ProcessTier0, &FoodListPage::ProcessTier1, &FoodListPage::ProcessTier2,
-    &FoodListPage::ProcessTier3};
+const std::array<void (FoodChooserPage::*)(), 4> kTierOperations = {
+    &FoodChooserPage::ProcessTier0, &FoodChooserPage::ProcessTier1, &FoodChooserPage::ProcessTier2,
+    &FoodChooserPage::ProcessTier3};
 
 }  // namespace
 
@@ -166,7 +166,7 @@ private slots:
             // A page as it is built, before any table reaches it.
             FoodSession session;
             FakeSeams fakes;
-            FoodListPage page(session, fakes.seams);
+            FoodChooserPage page(session, fakes.seams);
             for (const char* name : {"comTier0", "labTier0", "btnSearch", "btnAcceptItem", "btnDeleteItem", "comQuantity"})
                 QVERIFY2(!Find<QWidget>(page, QString::fromLatin1(name))->isEnabled(), name);
             QVERIFY(Find<QPushButton>(page, QStringLiteral("btnNewItem"))->isEnabled());

@@ -14,7 +14,7 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -42,7 +42,7 @@ const std::string& kAnn = kAnnProfile;
 
 struct Program {
     Program() { h.StartOn(DataFileBytes(SampleTable())); }
-    FoodListPage& page() const { return FindOnly<FoodListPage>(*h.main); }
+    FoodChooserPage& page() const { return FindOnly<FoodChooserPage>(*h.main); }
     QTableWidget& grid() const { return *Find<QTableWidget>(*h.main, QStringLiteral("gridMain")); }
     QTabWidget& tabs() const { return *Find<QTabWidget>(*h.main, QStringLiteral("tabMain")); }
     template <class T = QPushButton>

@@ -30,7 +30,7 @@
 #include "WindowTestSupport.h"
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "shell/views/AboutBox.h"
 #include "shell/views/DesktopIntegration.h"
 #include "shell/HelpTopics.h"
@@ -636,7 +636,7 @@ private slots:
         MainWindow& w = *program.main;
         w.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&w));
-        const FoodListPage& chooser = FindOnly<FoodListPage>(w);
+        const FoodChooserPage& chooser = FindOnly<FoodChooserPage>(w);
         auto* btnNewItem = Find<QPushButton>(chooser, QStringLiteral("btnNewItem"));
         auto* btnAcceptItem = Find<QPushButton>(chooser, QStringLiteral("btnAcceptItem"));
         auto* btnDeleteItem = Find<QPushButton>(chooser, QStringLiteral("btnDeleteItem"));

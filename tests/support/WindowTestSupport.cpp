@@ -50,7 +50,7 @@ QStringList ComboItems(const QComboBox* combo)
     return items;
 }
 
-void ChooseFood(FoodListPage& page, const QStringList& tiers)
+void ChooseFood(FoodChooserPage& page, const QStringList& tiers)
 {
     Find<QPushButton>(page, QStringLiteral("btnNewItem"))->click();
     for (int t = 0; t < 4; ++t) {

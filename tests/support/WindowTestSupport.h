@@ -9,7 +9,7 @@
 
 #include "FakeSeams.h"
 #include "TempFolder.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "core/views/ErrorGuard.h"
 #include "shell/views/MainWindow.h"
 #include "shell/views/ProgramWindows.h"
@@ -54,7 +54,7 @@ QStringList ComboItems(const QComboBox* combo);
 
 // New Item, then the four tiers picked from their lists as the user picks
 // them (a single measure comes with its description).
-void ChooseFood(FoodListPage& page, const QStringList& tiers);
+void ChooseFood(FoodChooserPage& page, const QStringList& tiers);
 
 class ProgramHarness {
 public:

@@ -31,7 +31,7 @@
 #include "FakeSeams.h"
 #include "dialogs/views/SaveDishDialog.h"
 #include "dialogs/views/SearchDialog.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "shell/views/AboutBox.h"
 #include "core/views/ErrorGuard.h"
 #include "shell/views/HelpWindow.h"
@@ -112,7 +112,7 @@ int FindFood(const FoodTable& table, const std::string& group, const std::string
 }
 
 // Chooses a food in the chooser as the user would, with a quantity.
-bool Choose(FoodListPage& chooser, int food, const char* quantity)
+bool Choose(FoodChooserPage& chooser, int food, const char* quantity)
 {
     if (food < 0)
         return false;
@@ -174,7 +174,7 @@ int main(int argc, char** argv)
     pictures.Save(main, "profile.png");
 
     // A day's list: breakfast, lunch and a snack.
-    FoodListPage& chooser = FindOnly<FoodListPage>(*main);
+    FoodChooserPage& chooser = FindOnly<FoodChooserPage>(*main);
     const FoodTable& table = session.foodTable;
     const struct {
         const char* group;

@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "foodlist/FoodListTexts.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
@@ -38,12 +38,12 @@ private:
 }  // namespace
 
 FoodListGrid::FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain,
-                           FoodListPage& chooser, GridHooks hooks, QObject* parent)
+                           FoodChooserPage& chooser, GridHooks hooks, QObject* parent)
     : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
       hooks_(std::move(hooks))
 {
-    ConnectGuarded(&chooser_, &FoodListPage::acceptRequested, this, &FoodListGrid::btnAcceptItem_Click, &guard_);
-    ConnectGuarded(&chooser_, &FoodListPage::deleteRequested, this, &FoodListGrid::btnDeleteItem_Click, &guard_);
+    ConnectGuarded(&chooser_, &FoodChooserPage::acceptRequested, this, &FoodListGrid::btnAcceptItem_Click, &guard_);
+    ConnectGuarded(&chooser_, &FoodChooserPage::deleteRequested, this, &FoodListGrid::btnDeleteItem_Click, &guard_);
 
     // A click loads the clicked row (again, when it is the current one); a
     // move of the current row by the keys loads it too. The header counts as
@@ -127,7 +127,7 @@ void FoodListGrid::btnAcceptItem_Click()
     }
     FoodListEntry entry;
     entry.foodIndex = state.currentFood;
-    FoodListPage::ChoiceTexts chosen = chooser_.CurrentChoice();
+    FoodChooserPage::ChoiceTexts chosen = chooser_.CurrentChoice();
     entry.quantityText = std::move(chosen.quantity);
     entry.group = std::move(chosen.group);
     entry.subgroup = std::move(chosen.subgroup);
@@ -202,7 +202,7 @@ void FoodListGrid::ShowDailyIntake(IntakeStyle style)
 
 void FoodListGrid::btnDeleteItem_Click()
 {
-    const FoodListPage::ChoiceTexts chosen = chooser_.CurrentChoice();
+    const FoodChooserPage::ChoiceTexts chosen = chooser_.CurrentChoice();
     const std::string item = ListItemText(chosen.group, chosen.subgroup, chosen.description);
     const MsgResult answer = seams_.prompts.Message(DeleteQuestionText(item), std::string(texts::kTitleConfirmDelete),
                                                     MsgIcon::Question, MsgButtons::YesNo);

@@ -14,7 +14,7 @@ class QTableWidget;
 namespace pw {
 
 class ErrorGuard;
-class FoodListPage;
+class FoodChooserPage;
 struct Seams;
 struct FoodSession;
 
@@ -34,7 +34,7 @@ signals:
 public:
     // Wires the chooser's Accept and Delete buttons and the grid's clicks;
     // each runs under guard.
-    FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain, FoodListPage& chooser,
+    FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain, FoodChooserPage& chooser,
                  GridHooks hooks, QObject* parent = nullptr);
 
     // Stores the chooser's food as a new row, or over the selected row while
@@ -71,7 +71,7 @@ private:
     Seams& seams_;
     ErrorGuard& guard_;
     QTableWidget& grid_;
-    FoodListPage& chooser_;
+    FoodChooserPage& chooser_;
     GridHooks hooks_;
     // Set while code changes the grid's rows, whose current cell moves with
     // them: that is no choice of the user's.

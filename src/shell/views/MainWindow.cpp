@@ -34,7 +34,7 @@
 #include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
 #include "foodlist/views/FoodListGrid.h"
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 #include "foodlist/FoodListTexts.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
@@ -215,19 +215,19 @@ void MainWindow::BuildCentre()
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, &guard_, tabMain);
-    foodListPage = new FoodListPage(session_, seams_, &guard_, [this] { return ViewByUnits(); }, tabMain);
+    chooserPage = new FoodChooserPage(session_, seams_, &guard_, [this] { return ViewByUnits(); }, tabMain);
     // Window-modal over the main window: nothing there takes input while
     // the search dialog is open.
-    connect(foodListPage, &FoodListPage::searchRequested, this, [this] {
+    connect(chooserPage, &FoodChooserPage::searchRequested, this, [this] {
         if (!frmSearch) {
             frmSearch = new SearchDialog(session_, seams_, &guard_, this);
-            connect(frmSearch, &SearchDialog::foodChosen, foodListPage, &FoodListPage::ShowFoundFood);
+            connect(frmSearch, &SearchDialog::foodChosen, chooserPage, &FoodChooserPage::ShowFoundFood);
         }
         frmSearch->open();
     });
-    connect(foodListPage, &FoodListPage::copyToFavoritesAvailable, this,
+    connect(chooserPage, &FoodChooserPage::copyToFavoritesAvailable, this,
             [this](bool on) { mnuCopyToFavorites->setEnabled(on); });
-    connect(foodListPage, &FoodListPage::deleteFromDatabaseAvailable, this,
+    connect(chooserPage, &FoodChooserPage::deleteFromDatabaseAvailable, this,
             [this](bool on) { mnuDeleteFromDatabase->setEnabled(on); });
     analysisPage = new AnalysisPage(session_, tabMain);
     chartNutrients = new NutrientChart(analysisPage);
@@ -235,11 +235,11 @@ void MainWindow::BuildCentre()
     reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
                                                 QString::fromStdString(session_.programFolder));
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
-    tabMain->addTab(foodListPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
+    tabMain->addTab(chooserPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
-    connect(foodListPage, &FoodListPage::helpRequested, this,
+    connect(chooserPage, &FoodChooserPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
     connect(analysisPage, &AnalysisPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
@@ -272,21 +272,21 @@ void MainWindow::BuildCentre()
         analysisPage->SetDailyIntake(i, text);
         RefreshChart();
     };
-    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *foodListPage, std::move(gridHooks), this);
+    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *chooserPage, std::move(gridHooks), this);
     connect(listGrid, &FoodListGrid::listLengthChanged, this, &MainWindow::UpdateListMenus);
     ListLink list;
     list.refresh = [this] { listGrid->RefreshGrid(); };
     list.append = [this](FoodListEntry entry) { listGrid->AppendEntry(std::move(entry)); };
     list.clear = [this] { listGrid->ClearGrid(); };
-    list.disableChooser = [this] { foodListPage->DisableTiers(); };
+    list.disableChooser = [this] { chooserPage->DisableTiers(); };
     listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, std::move(list),
                                         this);
 
     ChooserLink chooser;
-    chooser.tierText = [this](int tier) { return foodListPage->TierText(tier); };
-    chooser.measureCount = [this] { return foodListPage->MeasureCount(); };
-    chooser.disableTiers = [this] { foodListPage->DisableTiers(); };
-    chooser.rebuildTierMap = [this] { foodListPage->RebuildTierMap(); };
+    chooser.tierText = [this](int tier) { return chooserPage->TierText(tier); };
+    chooser.measureCount = [this] { return chooserPage->MeasureCount(); };
+    chooser.disableTiers = [this] { chooserPage->DisableTiers(); };
+    chooser.rebuildTierMap = [this] { chooserPage->RebuildTierMap(); };
     database = new DatabaseCommands(session_, seams_, guard_, std::move(chooser), *this);
     // The File and Database menus' commands act through these two objects.
     ConnectGuarded(mnuOpen, &QAction::triggered, listFile, &AnalysisFileCommands::mnuOpen_Click, &guard_);
@@ -361,10 +361,10 @@ void MainWindow::Form_Load()
             sincePaint.restart();
         }
     });
-    foodListPage->RebuildTierMap();
+    chooserPage->RebuildTierMap();
     QApplication::restoreOverrideCursor();
 
-    foodListPage->FillQuantityList();
+    chooserPage->FillQuantityList();
 
     SetViewMode(s.viewMode == kViewDV);
     QCoreApplication::processEvents();
@@ -403,9 +403,9 @@ void MainWindow::SetViewMode(bool byDV)
 
 void MainWindow::ChangeView()
 {
-    foodListPage->SetUnitCaptions(!ViewByUnits());
-    if (foodListPage->FoodChosen())
-        foodListPage->DisplayFoodNutrients(session_.chooser.currentFood);
+    chooserPage->SetUnitCaptions(!ViewByUnits());
+    if (chooserPage->FoodChosen())
+        chooserPage->DisplayFoodNutrients(session_.chooser.currentFood);
     RefreshGrid();
     // The daily intake again, as percents written without the blank that a
     // written row leaves before "DV".

@@ -21,7 +21,7 @@ class DatabaseCommands;
 class SearchDialog;
 class ErrorGuard;
 class FoodListGrid;
-class FoodListPage;
+class FoodChooserPage;
 class NutrientChart;
 class ReportCommands;
 struct ReportSource;
@@ -105,7 +105,7 @@ private:
     QTabWidget* tabMain = nullptr;
     QTableWidget* gridMain = nullptr;
     ProfilePage* profilePage = nullptr;
-    FoodListPage* foodListPage = nullptr;
+    FoodChooserPage* chooserPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
     FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
     NutrientChart* chartNutrients = nullptr;  // on the analysis tab

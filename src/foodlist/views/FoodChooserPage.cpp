@@ -1,4 +1,4 @@
-#include "foodlist/views/FoodListPage.h"
+#include "foodlist/views/FoodChooserPage.h"
 
 #include "core/views/Widgets.h"
 #include "core/views/ErrorGuard.h"
@@ -53,7 +53,7 @@ constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard,
+FoodChooserPage::FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard,
                            std::function<bool()> viewByUnits, QWidget* parent)
     : QWidget(parent), guard(errorGuard), session_(session), seams_(seams), viewByUnits_(std::move(viewByUnits))
 {
@@ -61,15 +61,15 @@ FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* error
 
     // A user's pick arrives as activated; selections made by code do not run
     // the tier operations a second time.
-    ConnectGuarded(comTier0, &QComboBox::activated, this, &FoodListPage::ProcessTier0, guard);
-    ConnectGuarded(comTier1, &QComboBox::activated, this, &FoodListPage::ProcessTier1, guard);
-    ConnectGuarded(comTier2, &QComboBox::activated, this, &FoodListPage::ProcessTier2, guard);
-    ConnectGuarded(comTier3, &QComboBox::activated, this, &FoodListPage::ProcessTier3, guard);
-    ConnectGuarded(comQuantity, &QComboBox::activated, this, &FoodListPage::comQuantity_Click, guard);
-    ConnectGuarded(btnNewItem, &QPushButton::clicked, this, &FoodListPage::btnNewItem_Click, guard);
-    ConnectGuarded(btnSearch, &QPushButton::clicked, this, &FoodListPage::btnSearch_Click, guard);
-    connect(btnAcceptItem, &QPushButton::clicked, this, &FoodListPage::acceptRequested);
-    connect(btnDeleteItem, &QPushButton::clicked, this, &FoodListPage::deleteRequested);
+    ConnectGuarded(comTier0, &QComboBox::activated, this, &FoodChooserPage::ProcessTier0, guard);
+    ConnectGuarded(comTier1, &QComboBox::activated, this, &FoodChooserPage::ProcessTier1, guard);
+    ConnectGuarded(comTier2, &QComboBox::activated, this, &FoodChooserPage::ProcessTier2, guard);
+    ConnectGuarded(comTier3, &QComboBox::activated, this, &FoodChooserPage::ProcessTier3, guard);
+    ConnectGuarded(comQuantity, &QComboBox::activated, this, &FoodChooserPage::comQuantity_Click, guard);
+    ConnectGuarded(btnNewItem, &QPushButton::clicked, this, &FoodChooserPage::btnNewItem_Click, guard);
+    ConnectGuarded(btnSearch, &QPushButton::clicked, this, &FoodChooserPage::btnSearch_Click, guard);
+    connect(btnAcceptItem, &QPushButton::clicked, this, &FoodChooserPage::acceptRequested);
+    connect(btnDeleteItem, &QPushButton::clicked, this, &FoodChooserPage::deleteRequested);
     // Keys reach the combo first and its line edit without another filter
     // pass, unless they are sent to the line edit itself: watch both.
     comQuantity->installEventFilter(this);
@@ -79,7 +79,7 @@ FoodListPage::FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* error
     btnDeleteItem->setEnabled(false);
 }
 
-void FoodListPage::BuildControls()
+void FoodChooserPage::BuildControls()
 {
     setObjectName(QStringLiteral("pageFoodList"));
     auto* outer = new QVBoxLayout(this);
@@ -161,7 +161,7 @@ void FoodListPage::BuildControls()
     btnAcceptItem = MakeButton(this, "btnAcceptItem", texts::kCaptionAddToList, "Accept and add item to list");
     btnDeleteItem = MakeButton(this, "btnDeleteItem", "Delete from List", "Delete item from list");
     btnTab2Help = MakeButton(this, "btnTab2Help", "Help", nullptr);
-    connect(btnTab2Help, &QPushButton::clicked, this, &FoodListPage::helpRequested);
+    connect(btnTab2Help, &QPushButton::clicked, this, &FoodChooserPage::helpRequested);
     for (auto* b : {btnNewItem, btnSearch, btnAcceptItem, btnDeleteItem, btnTab2Help})
         buttons->addWidget(b);
     outer->addLayout(buttons);
@@ -173,23 +173,23 @@ void FoodListPage::BuildControls()
         setTabOrder(order[i - 1], order[i]);
 }
 
-bool FoodListPage::ViewByUnits() const { return viewByUnits_ ? viewByUnits_() : true; }
+bool FoodChooserPage::ViewByUnits() const { return viewByUnits_ ? viewByUnits_() : true; }
 
-QComboBox* FoodListPage::TierCombo(int tier) const
+QComboBox* FoodChooserPage::TierCombo(int tier) const
 {
     const std::array<QComboBox*, 4> combos = {comTier0, comTier1, comTier2, comTier3};
     return combos.at(static_cast<std::size_t>(tier));
 }
 
-QString FoodListPage::TierText(int tier) const { return TierCombo(std::clamp(tier, 0, 3))->currentText(); }
+QString FoodChooserPage::TierText(int tier) const { return TierCombo(std::clamp(tier, 0, 3))->currentText(); }
 
-int FoodListPage::MeasureCount() const { return comTier3->count(); }
+int FoodChooserPage::MeasureCount() const { return comTier3->count(); }
 
-bool FoodListPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
+bool FoodChooserPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
 
-void FoodListPage::RebuildTierMap() { SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap)); }
+void FoodChooserPage::RebuildTierMap() { SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap)); }
 
-void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
+void FoodChooserPage::SetGroupList(const std::vector<std::string>& groups)
 {
     comTier0->clear();
     for (const auto& group : groups)
@@ -197,7 +197,7 @@ void FoodListPage::SetGroupList(const std::vector<std::string>& groups)
     comTier0->setCurrentIndex(-1);
 }
 
-void FoodListPage::FillTier(int tier, int position)
+void FoodChooserPage::FillTier(int tier, int position)
 {
     QComboBox* combo = TierCombo(tier);
     combo->clear();
@@ -206,7 +206,7 @@ void FoodListPage::FillTier(int tier, int position)
     combo->setCurrentIndex(-1);  // filling a list selects its first entry
 }
 
-void FoodListPage::FillQuantityList()
+void FoodChooserPage::FillQuantityList()
 {
     comQuantity->clear();
     for (const char* fraction : kQuantityFractions)
@@ -216,13 +216,13 @@ void FoodListPage::FillQuantityList()
     comQuantity->setCurrentIndex(kDefaultQuantityEntry);
 }
 
-void FoodListPage::SetUnitCaptions(bool byDV)
+void FoodChooserPage::SetUnitCaptions(bool byDV)
 {
     for (int i = 0; i < 8; ++i)
         labNutrUnit[i]->setText(QString::fromLatin1(byDV ? texts::kUnitDV : kViewChangeUnits[i]));
 }
 
-void FoodListPage::ResetMeasureTier()
+void FoodChooserPage::ResetMeasureTier()
 {
     labTier[3]->setEnabled(false);
     comTier3->clear();
@@ -233,7 +233,7 @@ void FoodListPage::ResetMeasureTier()
     DisableItemInfo();
 }
 
-void FoodListPage::ProcessTier0()
+void FoodChooserPage::ProcessTier0()
 {
     if (comTier0->currentText().isEmpty()) {
         labTier[1]->setEnabled(false);
@@ -250,7 +250,7 @@ void FoodListPage::ProcessTier0()
     ResetMeasureTier();
 }
 
-void FoodListPage::ProcessTier1()
+void FoodChooserPage::ProcessTier1()
 {
     if (comTier1->currentText().isEmpty()) {
         labTier[2]->setEnabled(false);
@@ -266,7 +266,7 @@ void FoodListPage::ProcessTier1()
     ResetMeasureTier();
 }
 
-void FoodListPage::AskAboutEmptyFavorites()
+void FoodChooserPage::AskAboutEmptyFavorites()
 {
     const MsgResult answer = seams_.prompts.Message(QString::fromLatin1(texts::kCategoryEmpty),
                                                     QString::fromLatin1(texts::kTitleCategoryEmpty),
@@ -276,7 +276,7 @@ void FoodListPage::AskAboutEmptyFavorites()
                              kTopicFavoritesAndDishes);
 }
 
-void FoodListPage::ProcessTier2()
+void FoodChooserPage::ProcessTier2()
 {
     if (comTier2->currentText().isEmpty()) {
         ResetMeasureTier();
@@ -296,7 +296,7 @@ void FoodListPage::ProcessTier2()
     }
 }
 
-void FoodListPage::ProcessTier3()
+void FoodChooserPage::ProcessTier3()
 {
     if (comTier3->currentText().isEmpty()) {
         comQuantity->setEnabled(false);
@@ -317,7 +317,7 @@ void FoodListPage::ProcessTier3()
     emit copyToFavoritesAvailable(true);
 }
 
-void FoodListPage::ProcessTier(int tier)
+void FoodChooserPage::ProcessTier(int tier)
 {
     switch (tier) {
     case 0: ProcessTier0(); break;
@@ -327,21 +327,21 @@ void FoodListPage::ProcessTier(int tier)
     }
 }
 
-void FoodListPage::btnNewItem_Click()
+void FoodChooserPage::btnNewItem_Click()
 {
     NewItem();
     // The keyboard goes on where the choice starts.
     comTier0->setFocus(Qt::OtherFocusReason);
 }
 
-void FoodListPage::btnSearch_Click()
+void FoodChooserPage::btnSearch_Click()
 {
     // The main window opens its search dialog; a food found comes back
     // through ShowFoundFood.
     emit searchRequested();
 }
 
-void FoodListPage::NewItem()
+void FoodChooserPage::NewItem()
 {
     session_.chooser.addingNewItem = true;
     btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionAddToList));
@@ -352,7 +352,7 @@ void FoodListPage::NewItem()
     btnDeleteItem->setEnabled(false);
 }
 
-void FoodListPage::DisableTiers()
+void FoodChooserPage::DisableTiers()
 {
     comTier0->setCurrentIndex(-1);
     comTier0->setEnabled(false);
@@ -373,7 +373,7 @@ void FoodListPage::DisableTiers()
     emit copyToFavoritesAvailable(false);
 }
 
-void FoodListPage::EnableTiers()
+void FoodChooserPage::EnableTiers()
 {
     comTier0->setEnabled(true);
     for (QLabel* label : labTier)
@@ -388,15 +388,15 @@ void FoodListPage::EnableTiers()
     btnAcceptItem->setEnabled(true);
 }
 
-FoodListPage::ChoiceTexts FoodListPage::CurrentChoice() const
+FoodChooserPage::ChoiceTexts FoodChooserPage::CurrentChoice() const
 {
     return {ToLatin1(comQuantity->currentText()), ToLatin1(comTier0->currentText()), ToLatin1(comTier1->currentText()),
             ToLatin1(comTier2->currentText()), ToLatin1(comTier3->currentText())};
 }
 
-bool FoodListPage::RowLoaded() const { return btnDeleteItem->isEnabled(); }
+bool FoodChooserPage::RowLoaded() const { return btnDeleteItem->isEnabled(); }
 
-void FoodListPage::ResetAfterAccept()
+void FoodChooserPage::ResetAfterAccept()
 {
     btnAcceptItem->setEnabled(false);
     btnDeleteItem->setEnabled(false);
@@ -404,13 +404,13 @@ void FoodListPage::ResetAfterAccept()
     DisableTiers();
 }
 
-void FoodListPage::ForgetRow()
+void FoodChooserPage::ForgetRow()
 {
     btnDeleteItem->setEnabled(false);
     DisableTiers();
 }
 
-void FoodListPage::ShowNoRow()
+void FoodChooserPage::ShowNoRow()
 {
     btnDeleteItem->setEnabled(false);
     btnSearch->setEnabled(false);
@@ -418,7 +418,7 @@ void FoodListPage::ShowNoRow()
     DisableItemInfo();
 }
 
-void FoodListPage::LoadListEntry(const FoodListEntry& entry, bool byUnits)
+void FoodChooserPage::LoadListEntry(const FoodListEntry& entry, bool byUnits)
 {
     btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionChange));
     btnSearch->setEnabled(true);
@@ -435,7 +435,7 @@ void FoodListPage::LoadListEntry(const FoodListEntry& entry, bool byUnits)
         labNutrVal[i]->setText(QString::number(byUnits ? entry.amounts[i] : entry.percents[i]));
 }
 
-void FoodListPage::ShowFoundFood(int index)
+void FoodChooserPage::ShowFoundFood(int index)
 {
     RecreateTiers(index);
     // Clearing the measure is a choice at that tier, as a pick would be.
@@ -446,7 +446,7 @@ void FoodListPage::ShowFoundFood(int index)
     btnDeleteItem->setEnabled(false);
 }
 
-void FoodListPage::RecreateTiers(int index)
+void FoodChooserPage::RecreateTiers(int index)
 {
     const FoodTable& table = session_.foodTable;
     const std::array<QString, 4> wanted = {
@@ -475,7 +475,7 @@ void FoodListPage::RecreateTiers(int index)
     }
 }
 
-void FoodListPage::EnableItemInfo()
+void FoodChooserPage::EnableItemInfo()
 {
     emit deleteFromDatabaseAvailable(true);
     for (int i = 0; i < 8; ++i) {
@@ -485,7 +485,7 @@ void FoodListPage::EnableItemInfo()
     }
 }
 
-void FoodListPage::DisableItemInfo()
+void FoodChooserPage::DisableItemInfo()
 {
     emit deleteFromDatabaseAvailable(false);
     for (int i = 0; i < 8; ++i) {
@@ -496,7 +496,7 @@ void FoodListPage::DisableItemInfo()
     }
 }
 
-void FoodListPage::EnableUnits()
+void FoodChooserPage::EnableUnits()
 {
     const bool byUnits = ViewByUnits();
     for (int i = 0; i < 8; ++i) {
@@ -507,7 +507,7 @@ void FoodListPage::EnableUnits()
     }
 }
 
-void FoodListPage::DisableUnits()
+void FoodChooserPage::DisableUnits()
 {
     for (int i = 0; i < 8; ++i) {
         labNutr[i]->setEnabled(false);
@@ -516,7 +516,7 @@ void FoodListPage::DisableUnits()
     }
 }
 
-void FoodListPage::DisplayFoodNutrients(int index)
+void FoodChooserPage::DisplayFoodNutrients(int index)
 {
     ChooserState& state = session_.chooser;
     const ScaledNutrients scaled =
@@ -528,7 +528,7 @@ void FoodListPage::DisplayFoodNutrients(int index)
         labNutrVal[i]->setText(QString::number(byUnits ? scaled.amounts[i] : scaled.percents[i]));
 }
 
-void FoodListPage::ProcessData()
+void FoodChooserPage::ProcessData()
 {
     ChooserState& state = session_.chooser;
     if (comQuantity->isEnabledTo(this)) {
@@ -557,11 +557,11 @@ void FoodListPage::ProcessData()
     }
 }
 
-void FoodListPage::comQuantity_Click() { ProcessData(); }
+void FoodChooserPage::comQuantity_Click() { ProcessData(); }
 
-void FoodListPage::comQuantity_KeyUp() { ProcessData(); }
+void FoodChooserPage::comQuantity_KeyUp() { ProcessData(); }
 
-bool FoodListPage::eventFilter(QObject* watched, QEvent* event)
+bool FoodChooserPage::eventFilter(QObject* watched, QEvent* event)
 {
     const bool quantityBox = watched == comQuantity || watched == comQuantity->lineEdit();
     const bool enterKey = (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) &&

@@ -20,7 +20,7 @@ class ErrorGuard;
 struct Seams;
 struct FoodSession;
 
-class FoodListPage : public QWidget {
+class FoodChooserPage : public QWidget {
     Q_OBJECT
 signals:
     // "Add to List"/"Change" and "Delete from List": the list acts on them.
@@ -39,7 +39,7 @@ public:
     // guard: where run-time errors of this page's handlers go (none for a
     // page built on its own, whose errors reach its caller). viewByUnits
     // tells amounts (true, and when not given) from percents of DV.
-    FoodListPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr,
+    FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr,
                  std::function<bool()> viewByUnits = {}, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
