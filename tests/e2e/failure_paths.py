@@ -244,6 +244,7 @@ def exit_save_fails(ctx, cause, response):
         check(after["data.dat"][1] == before["data.dat"][1] and after["data.dat"][3] != before["data.dat"][3],
               "data.dat not saved again")
     else:
+        check(len(boxes) == 3, "one box for each of the three files, saw %d" % len(boxes))
         check(rc == 1, "exit status %d after a file was left unsaved, expected 1" % rc)
         changes = unchanged(before, after, exclude=("filler",) + lock_files(before) + lock_files(after))
         check(not changes, "files changed after Cancel: %s" % changes)
