@@ -203,8 +203,12 @@ private slots:
     void TheListIsSavedAsADishOnce()
     {
         Alone<SaveDishDialog> a;
-        for (int food : {4, 5})  // a tablespoon of butter and an ounce of cheddar
-            a.session.foodList.Append({.foodIndex = std::int16_t(food), .amounts = a.table.Values(food)});
+        for (int food : {4, 5}) {  // a tablespoon of butter and an ounce of cheddar
+            FoodListEntry entry;
+            entry.foodIndex = std::int16_t(food);
+            entry.amounts = a.table.Values(food);
+            a.session.foodList.Append(entry);
+        }
         SaveDishDialog& d = a.d;
         QSignalSpy saved(&d, &SaveDishDialog::dishSaved);
         QComboBox* subgroup = Combo(d, "comSubgroup");

@@ -19,8 +19,6 @@ namespace pw {
 
 namespace {
 
-
-
 FileDialogRequest ListFileRequest(const AnalysisSession& session)
 {
     FileDialogRequest request;

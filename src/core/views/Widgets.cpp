@@ -16,7 +16,12 @@ QString FromNativePath(const std::string& path) { return QFile::decodeName(QByte
 
 QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption, LabelText format)
 {
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
+    return MakeLabel(parent, name, QString::fromLatin1(caption), format);
+}
+
+QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption, LabelText format)
+{
+    auto* label = new QLabel(caption, parent);
     label->setObjectName(name);
     if (format == LabelText::Plain)
         label->setTextFormat(Qt::PlainText);

@@ -25,6 +25,8 @@ enum class ButtonDefault { Auto, Never };
 
 // A label named name showing caption (Latin-1).
 QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption, LabelText format = LabelText::Auto);
+// The same for a caption made at run time.
+QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption, LabelText format);
 // A button named name with caption and, when given, a tool tip. Never: the
 // button does not become a dialog's default on focus.
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip = nullptr,

@@ -7,21 +7,10 @@
 
 #include "shell/HelpTopics.h"
 #include "shell/views/Logo.h"
+#include "core/views/Widgets.h"
 #include "shell/Session.h"
 
 namespace pw {
-
-namespace {
-
-QLabel* MakeLabel(QWidget* parent, const char* name, const QString& text)
-{
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-}  // namespace
 
 AboutBox::AboutBox(const Session& session, QWidget* parent) : QDialog(parent)
 {
@@ -29,18 +18,19 @@ AboutBox::AboutBox(const Session& session, QWidget* parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("About Platewell"));
     auto* logo = new QLabel(this);
     logo->setPixmap(PaintLogo(QSize(96, 96)).copy(0, 0, 96, 96));
-    labTitle = MakeLabel(this, "labTitle", QStringLiteral("Platewell"));
+    labTitle = MakeLabel(this, QStringLiteral("labTitle"), QStringLiteral("Platewell"), LabelText::Plain);
     QFont big = labTitle->font();
     big.setBold(true);
     big.setPointSizeF(big.pointSizeF() * 1.6);
     labTitle->setFont(big);
-    labVersion = MakeLabel(this, "labVersion", QStringLiteral("Program version: ") + QLatin1String(kProgramVersionText));
-    labDataVersion = MakeLabel(this, "labDataVersion",
-                               QStringLiteral("Data version: ") +
-                                   QString::fromLatin1(DataVersionText(session.foodTable.DataVersionLine)));
+    labVersion = MakeLabel(this, QStringLiteral("labVersion"),
+                           QStringLiteral("Program version: ") + QLatin1String(kProgramVersionText), LabelText::Plain);
+    labDataVersion = MakeLabel(this, QStringLiteral("labDataVersion"), QStringLiteral("Data version: ") +
+                                   QString::fromLatin1(DataVersionText(session.foodTable.DataVersionLine)), LabelText::Plain);
     labDataVersion->setWordWrap(true);
-    labHelpVersion = MakeLabel(this, "labHelpVersion", QStringLiteral("Help file version: ") + QLatin1String(kHelpVersionText));
-    Label1 = MakeLabel(this, "Label1", QStringLiteral("All Rights Reserved"));
+    labHelpVersion = MakeLabel(this, QStringLiteral("labHelpVersion"),
+                               QStringLiteral("Help file version: ") + QLatin1String(kHelpVersionText), LabelText::Plain);
+    Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("All Rights Reserved"), LabelText::Plain);
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
