@@ -5,6 +5,20 @@
 
 namespace pw {
 
+void OpenItems(const std::vector<AnalysisItem>& items, const FoodTable& table, const DailyValues& dailyValues,
+               const std::function<void(FoodListEntry)>& row, const std::function<void(const std::string&)>& missing)
+{
+    for (const AnalysisItem& item : items) {
+        std::int16_t index = item.foodIndex;
+        ItemLocation(table, item.group, item.subgroup, item.description, item.measure, index);
+        if (index < 0) {
+            missing(MissingFoodText(item));
+            continue;
+        }
+        row(OpenedEntry(table, index, item, dailyValues));
+    }
+}
+
 OpenedAnalysis OpenAnalysis(const AnalysisFileContent& content, const FoodTable& table, int currentYear)
 {
     OpenedAnalysis opened;
@@ -22,19 +36,9 @@ OpenedAnalysis OpenAnalysis(const AnalysisFileContent& content, const FoodTable&
         if (opened.profile.valid)
             opened.dailyValues = ComputeDailyValues(opened.profile.weightPounds, inputs.sex, inputs.lifestyle);
         opened.valid = content.valid;
-        for (const AnalysisItem& item : content.items) {
-            std::int16_t index = item.foodIndex;
-            ItemLocation(table, item.group, item.subgroup, item.description, item.measure, index);
-            if (index < 0) {
-                opened.messages.emplace_back(MissingFoodText(item), texts::kTitleOpenList);
-                continue;
-            }
-            if (opened.list.IsFull()) {
-                opened.valid = false;  // more rows than a list holds
-                break;
-            }
-            opened.list.Append(OpenedEntry(table, index, item, opened.dailyValues));
-        }
+        OpenItems(content.items, table, opened.dailyValues,
+                  [&](FoodListEntry entry) { opened.list.Append(std::move(entry)); },
+                  [&](const std::string& text) { opened.messages.emplace_back(text, texts::kTitleOpenList); });
         opened.list.Totals();  // a sum beyond 32 bits is not a list the window keeps
     } catch (const RunTimeError&) {
         opened.valid = false;

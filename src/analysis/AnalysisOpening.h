@@ -3,6 +3,7 @@
 // lines applied to a fresh profile and validated, then each entry's food
 // found again by its four texts, its quantity parsed again and its values
 // scaled; a food no longer in the table is told and dropped.
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,15 @@ struct OpenedAnalysis {
     std::vector<std::pair<std::string, std::string>> messages;
     bool valid = true;  // false: the file is not a list file
 };
+
+// The items of a list file turned back into rows, in file order: each
+// item's food found again by its four texts, its quantity parsed again and
+// its values scaled with the daily values, then handed to row. An item whose
+// food is no longer in the table is handed to missing, as its message, and
+// dropped. An overflow is a run-time error, and so is a row more than a list
+// holds, when row appends to a FoodList.
+void OpenItems(const std::vector<AnalysisItem>& items, const FoodTable& table, const DailyValues& dailyValues,
+               const std::function<void(FoodListEntry)>& row, const std::function<void(const std::string&)>& missing);
 
 // Never throws: a run-time error while opening makes the result invalid.
 OpenedAnalysis OpenAnalysis(const AnalysisFileContent& content, const FoodTable& table, int currentYear);

@@ -164,6 +164,15 @@ TEST(Report, AListOpensAsTheWindowOpensIt)
 
     for (const char* bytes : {"\x01\x02garbage", "NAME:Ann\r\nYOB:62\r\nHEIGHT:64\r\nWEIGHT:1000000000000000000000000000000000000000\r\n"})
         EXPECT_FALSE(OpenAnalysis(ParseAnalysisBytes(bytes), table, 2026).valid) << bytes;
+    // A list holds 500 rows; a file of more is not a list file.
+    std::string rows = "YOB:62\r\nHEIGHT:64\r\nWEIGHT:150\r\n";
+    for (int r = 0; r < kFoodListCapacity; ++r)
+        rows += "ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n";
+    EXPECT_EQ(OpenAnalysis(ParseAnalysisBytes(rows), table, 2026).list.Count(), kFoodListCapacity);
+    EXPECT_FALSE(OpenAnalysis(ParseAnalysisBytes(rows + "ITEM: 3 \t1\tSnacks\tChips\tPotato\t1 oz\r\n"
+                                                        "ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n"),
+                              table, 2026)
+                     .valid);
     // Under 13: told, and the year emptied, as the profile tab does.
     const OpenedAnalysis young = OpenAnalysis(ParseAnalysisBytes("YOB:20\r\nHEIGHT:64\r\nWEIGHT:150\r\n"), table, 1925);
     EXPECT_TRUE(young.valid);

@@ -7,6 +7,7 @@
 
 #include "core/views/Widgets.h"
 #include "analysis/AnalysisFile.h"
+#include "analysis/AnalysisOpening.h"
 #include "analysis/views/AnalysisPage.h"
 #include "analysis/AnalysisTexts.h"
 #include "analysis/views/ProfilePage.h"
@@ -124,20 +125,10 @@ void AnalysisFileCommands::ReadAnalysis(const QString& path)
         if (session_.ended)
             return;
         const DailyValues dailyValues = session_.profile.valid ? session_.dailyValues : DailyValues{};
-        const FoodTable& table = session_.foodTable;
-        for (const AnalysisItem& item : content.items) {
-            std::int16_t index = item.foodIndex;
-            ItemLocation(table, item.group, item.subgroup, item.description, item.measure, index);
-            if (index < 0) {
-                seams_.prompts.Message(MissingFoodText(item), texts::kTitleOpenList, MsgIcon::Exclamation);
-                continue;
-            }
-            if (session_.foodList.IsFull()) {
-                valid = false;  // more rows than a list holds
-                break;
-            }
-            list_.append(OpenedEntry(table, index, item, dailyValues));
-        }
+        // More rows than a list holds end here, as a file that is not a list.
+        OpenItems(content.items, session_.foodTable, dailyValues, list_.append, [&](const std::string& text) {
+            seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
+        });
         // A valid profile brings the summary and the grid up to date.
         if (valid)
             profilePage_.ValidateTab1Data();
