@@ -3,6 +3,9 @@
 // and the command-line exports of the built executable.
 #include <QAction>
 #include <QDate>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QTabWidget>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
@@ -224,7 +227,9 @@ private slots:
         QCOMPARE(low.columns, 2);
         QCOMPARE(low.bars[4].bar.top(), low.bars[0].bar.top());
         QVERIFY(low.bars[3].valueRect.right() <= low.bars[4].nameRect.left());
-        QVERIFY(low.bars[7].bar.bottom() <= 90);
+        // However low, no row is lost below the chart.
+        for (const qreal height : {90.0, 40.0, 34.0})
+            QVERIFY(LayoutNutrientChart(eight, QRectF(0, 0, 600, height), font).bars[7].nameRect.bottom() <= height);
 
         // Beyond 100 % the bar is hatched: dark strokes stand in it that the
         // part within 100 % does not have.
@@ -261,6 +266,22 @@ private slots:
         // The chart shows the day at once.
         QCOMPARE(chart.Data().bars.at(0), (ChartBar{"Calories", 21}));
         QCOMPARE(chart.Data().bars.at(6), (ChartBar{"Calcium", 87}));
+        // In the window's least size every bar stands inside the chart, its
+        // texts at least 8 pixels high.
+        h.main->resize(1, 1);
+        Find<QTabWidget>(*h.main, QStringLiteral("tabMain"))->setCurrentIndex(2);
+        QCoreApplication::processEvents();
+        const ChartGeometry least = LayoutNutrientChart(chart.Data(), chart.Area(), chart.font());
+        QCOMPARE(least.bars.size(), size_t(8));
+        for (const ChartBarGeometry& b : least.bars)
+            QVERIFY2(chart.Area().contains(b.nameRect.united(b.bar).united(b.valueRect)),
+                     qPrintable(QStringLiteral("%1 at %2 in %3 high").arg(b.name).arg(b.nameRect.bottom()).arg(chart.Area().height())));
+        QVERIFY(QFontMetricsF(least.font).height() >= 8);
+        // And the texts above it are whole: each label as high as its lines.
+        for (const QLabel* label : Find(*h.main, QStringLiteral("frameAnalysis"))->findChildren<QLabel*>())
+            QVERIFY2(label->height() >= (label->wordWrap() ? label->heightForWidth(label->width())
+                                                           : label->fontMetrics().height()),
+                     qPrintable(label->objectName()));
         h.fakes.prompts.messages.clear();
 
         RecordingPrinter& printer = h.fakes.printer;

@@ -75,10 +75,17 @@ void AnalysisPage::BuildControls()
     personRow->addWidget(labBMI);
     personRow->addWidget(labBMIInterpretation);
     personRow->addStretch(1);
+    // Help stands at the end of this row rather than in a row of its own,
+    // which would take the chart's room. Inside the frame it is disabled
+    // with it, but only while the tab cannot be opened.
+    btnTab3Help = new QPushButton(QStringLiteral("Help"), frameAnalysis);
+    btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
+    connect(btnTab3Help, &QPushButton::clicked, this, &AnalysisPage::helpRequested);
+    personRow->addWidget(btnTab3Help);
 
     auto* table = new QGridLayout;
     table->setHorizontalSpacing(6);
-    table->setVerticalSpacing(2);
+    table->setVerticalSpacing(0);
     for (int h = 0; h < 3; ++h) {
         labHeader[h] = MakeHeader(frameAnalysis, QStringLiteral("labHeader%1").arg(h), kHeaderCaptions[h]);
         secondHeader_[h] = MakeHeader(frameAnalysis, QString(), kHeaderCaptions[h]);
@@ -101,23 +108,17 @@ void AnalysisPage::BuildControls()
         table->setColumnStretch(column, 1);
 
     auto* frameLayout = new QVBoxLayout(frameAnalysis);
-    frameLayout->setContentsMargins(8, 4, 8, 4);
-    frameLayout->setSpacing(6);
+    // Tight spacing leaves the chart below the nutrients room for its rows.
+    frameLayout->setContentsMargins(8, 2, 8, 2);
+    frameLayout->setSpacing(2);
     frameLayout->addLayout(personRow);
     frameLayout->addLayout(table);
     frameLayout->addStretch(1);
     frameLayout_ = frameLayout;
 
     auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(6, 6, 6, 6);
+    page->setContentsMargins(6, 3, 6, 3);
     page->addWidget(frameAnalysis);
-    btnTab3Help = new QPushButton(QStringLiteral("Help"), this);
-    btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
-    connect(btnTab3Help, &QPushButton::clicked, this, &AnalysisPage::helpRequested);
-    auto* helpRow = new QHBoxLayout;
-    helpRow->addStretch(1);
-    helpRow->addWidget(btnTab3Help);
-    page->addLayout(helpRow);
 
     // Nothing to show before the first valid profile.
     for (QWidget* w : {static_cast<QWidget*>(frameAnalysis), static_cast<QWidget*>(labAge),

@@ -45,11 +45,11 @@ constexpr qreal kSmallestText = 8.0;  // pixels a line of text keeps at least
 
 qreal CaptionHeight(const QFontMetricsF& fm) { return fm.height() * 1.3; }
 
-bool RowsFit(std::size_t bars, int columns, const QFont& font, qreal height, bool captions)
+bool RowsFit(std::size_t bars, int columns, const QFont& font, qreal height, bool captions, qreal pitch = kTightRow)
 {
     const QFontMetricsF fm(font);
     const auto rows = static_cast<qreal>((bars + columns - 1) / columns);
-    return (captions ? CaptionHeight(fm) : 0) + rows * fm.height() * kTightRow <= height;
+    return (captions ? CaptionHeight(fm) : 0) + rows * fm.height() * pitch <= height;
 }
 
 QFont Scaled(const QFont& font, qreal factor)
@@ -84,6 +84,18 @@ ChartGeometry LayoutNutrientChart(const ChartData& data, const QRectF& rect, con
                 break;
         }
     }
+    // Still too low: rather than lose a bar, the rows close up to a line
+    // each and the type goes below its least size as far as it must.
+    qreal pitch = kTightRow;
+    if (!RowsFit(count, g.columns, g.font, rect.height(), g.captions)) {
+        pitch = 1.0;
+        for (int step = 0; step < 20 && !RowsFit(count, g.columns, g.font, rect.height(), g.captions, pitch); ++step) {
+            const QFont smaller = Scaled(g.font, 0.9);
+            if (QFontMetricsF(smaller).height() >= QFontMetricsF(g.font).height())
+                break;
+            g.font = smaller;
+        }
+    }
     const QFontMetricsF fm(g.font);
     QFont bold(g.font);
     bold.setBold(true);
@@ -94,7 +106,7 @@ ChartGeometry LayoutNutrientChart(const ChartData& data, const QRectF& rect, con
     const std::size_t perColumn = (count + g.columns - 1) / g.columns;
     const qreal top = rect.top() + (g.captions ? CaptionHeight(fm) : 0);  // room for the scale's captions
     // The rows share the height given, between a tight and a loose spacing.
-    const qreal row = std::clamp((rect.bottom() - top) / static_cast<qreal>(perColumn), fm.height() * kTightRow,
+    const qreal row = std::clamp((rect.bottom() - top) / static_cast<qreal>(perColumn), fm.height() * pitch,
                                  fm.height() * kLooseRow);
     for (int column = 0; column < g.columns; ++column) {
         const std::size_t first = perColumn * static_cast<std::size_t>(column);
@@ -244,13 +256,17 @@ QSize NutrientChart::minimumSizeHint() const
     return {fontMetrics().horizontalAdvance(QLatin1Char('x')) * 30, fontMetrics().height() * 2};
 }
 
+QRectF NutrientChart::Area() const
+{
+    const qreal margin = ChartMargin(fontMetrics().height());
+    return QRectF(rect()).adjusted(margin, 2, -margin, -2);
+}
+
 void NutrientChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setBackground(palette().window());
-    const qreal margin = ChartMargin(fontMetrics().height());
-    const QRectF area = QRectF(rect()).adjusted(margin, 2, -margin, -2);
-    PaintNutrientChart(painter, area, data_, font());
+    PaintNutrientChart(painter, Area(), data_, font());
 }
 
 }  // namespace pw

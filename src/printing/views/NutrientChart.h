@@ -62,6 +62,8 @@ public:
     explicit NutrientChart(QWidget* parent = nullptr);
     void SetData(ChartData data);
     const ChartData& Data() const { return data_; }
+    // Where the chart is drawn: the widget less its margins.
+    QRectF Area() const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
