@@ -94,13 +94,17 @@ struct Program {
     FoodChooserPage& page() const { return *Find<FoodChooserPage>(*h.main, "pageFoodList"); }
     FoodTable& table() { return h.session.foodTable; }
     QAction* Menu(const char* name) const { return Find<QAction>(*h.main, name); }
-    // The dialog the menu item opens, checked open over the main window.
+    // The dialog the menu item opens, checked open over the main window and
+    // showing its texts whole.
     template <class Dialog>
     Dialog& Open(const char* item, const char* dialog)
     {
         Menu(item)->trigger();
         auto* d = Find<Dialog>(*h.main, dialog);
-        [d] { QVERIFY(d->isVisible() && d->windowModality() == Qt::WindowModal); }();
+        [d] {
+            QVERIFY(d->isVisible() && d->windowModality() == Qt::WindowModal);
+            QCOMPARE(ClippedTexts(*d), QStringList());
+        }();
         return *d;
     }
     void AddToList(const QStringList& food) const

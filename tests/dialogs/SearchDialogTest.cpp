@@ -175,6 +175,7 @@ private slots:
         button("btnSearch")->click();
         auto& d = *Find<SearchDialog>(*h.main, "frmSearch");
         QVERIFY(QApplication::activeModalWidget() == &d && d.windowModality() == Qt::WindowModal);
+        QCOMPARE(ClippedTexts(d), QStringList());
         for (const char* step : {"type erSAL", "btnSearch", "click 1", "btnAccept"})
             Driver{d}.Do(QString::fromLatin1(step));
 

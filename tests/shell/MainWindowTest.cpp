@@ -348,6 +348,7 @@ private slots:
         w.findChild<QAction*>("mnuAbout")->trigger();
         auto* about = w.findChild<AboutBox*>("frmAbout");
         QVERIFY(about && about->isVisible() && about->isModal());
+        QCOMPARE(ClippedTexts(*about), QStringList());
         QCOMPARE(about->windowTitle(), QStringLiteral("About Platewell"));
         QStringList captions;
         for (const char* name : {"labTitle", "labVersion", "labDataVersion", "labHelpVersion", "Label1"})
@@ -424,6 +425,7 @@ private slots:
             QVERIFY(StartAtTips(program, saved, "One.\r\nTwo.\r\nThree.\r\n"));
             TipWindow& tip = *program.tip;
             QCOMPARE(tip.windowTitle(), QStringLiteral("Platewell's Tip of the Day"));
+            QCOMPARE(ClippedTexts(tip), QStringList());
             QCOMPARE(tip.findChild<QLabel*>("Label1")->text(), QStringLiteral("Did you know..."));
             QCOMPARE(tip.findChild<QLabel*>("lblTipText")->text(), shown);
             QVERIFY(!program.main);  // the main window waits for the tip window

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <fcntl.h>
 #include <sys/inotify.h>
@@ -14,6 +15,27 @@ namespace pw::test {
 std::string QuietSettings(const std::string& extraLines)
 {
     return "FIRST RUN:False\r\nSHOW TIPS:False\r\n" + extraLines;
+}
+
+QStringList ClippedTexts(const QWidget& root)
+{
+    QStringList clipped;
+    for (const QLabel* label : root.findChildren<QLabel*>()) {
+        if (!label->isVisibleTo(&root) || label->text().isEmpty())
+            continue;
+        const QSize need = label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                             : label->minimumSizeHint();
+        if (label->width() < need.width() || label->height() < need.height())
+            clipped << label->objectName() + ':' + label->text();
+    }
+    for (const QPushButton* button : root.findChildren<QPushButton*>()) {
+        if (!button->isVisibleTo(&root))
+            continue;
+        const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+        if (button->width() < text.width() + 4 || button->height() < text.height())
+            clipped << button->objectName() + ':' + button->text();
+    }
+    return clipped;
 }
 
 ProgramHarness::ProgramHarness() { session.programFolder = folder.Path(); }

@@ -49,6 +49,11 @@ T& FindOnly(const QObject& root)
     return *found.front();
 }
 
+// The names of the labels and buttons shown under root whose text does not
+// fit them: a label lower than its lines or narrower than a line, a button
+// narrower or lower than its caption.
+QStringList ClippedTexts(const QWidget& root);
+
 // The texts a combo box lists, in order.
 QStringList ComboItems(const QComboBox* combo);
 
