@@ -206,6 +206,19 @@ void FoodChooserPage::FillTier(int tier, int position)
     combo->setCurrentIndex(-1);  // filling a list selects its first entry
 }
 
+void FoodChooserPage::FollowChoice(int tier)
+{
+    QComboBox* above = TierCombo(tier - 1);
+    QComboBox* combo = TierCombo(tier);
+    const bool chosen = !above->currentText().isEmpty();
+    labTier[tier]->setEnabled(chosen);
+    combo->setEnabled(chosen);
+    if (chosen)
+        FillTier(tier, above->currentIndex());
+    else
+        combo->clear();
+}
+
 void FoodChooserPage::FillQuantityList()
 {
     comQuantity->clear();
@@ -235,15 +248,7 @@ void FoodChooserPage::ResetMeasureTier()
 
 void FoodChooserPage::ProcessTier0()
 {
-    if (comTier0->currentText().isEmpty()) {
-        labTier[1]->setEnabled(false);
-        comTier1->setEnabled(false);
-        comTier1->clear();
-    } else {
-        labTier[1]->setEnabled(true);
-        comTier1->setEnabled(true);
-        FillTier(1, comTier0->currentIndex());
-    }
+    FollowChoice(1);
     labTier[2]->setEnabled(false);
     comTier2->clear();
     comTier2->setEnabled(false);
@@ -252,15 +257,7 @@ void FoodChooserPage::ProcessTier0()
 
 void FoodChooserPage::ProcessTier1()
 {
-    if (comTier1->currentText().isEmpty()) {
-        labTier[2]->setEnabled(false);
-        comTier2->setEnabled(false);
-        comTier2->clear();
-    } else {
-        labTier[2]->setEnabled(true);
-        comTier2->setEnabled(true);
-        FillTier(2, comTier1->currentIndex());
-    }
+    FollowChoice(2);
     if (comTier2->count() == 0 && comTier0->currentText() == QLatin1String(kFavoritesGroup.data(), kFavoritesGroup.size()))
         AskAboutEmptyFavorites();
     ResetMeasureTier();

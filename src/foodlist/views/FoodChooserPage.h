@@ -114,6 +114,9 @@ private:
     // Refills a tier's combo from the run chosen at the tier above, with no
     // entry selected.
     void FillTier(int tier, int position);
+    // The tier opened and filled on the choice of the tier above, or closed
+    // and emptied while that has none.
+    void FollowChoice(int tier);
     // The measure tier, the quantity and the panel back to nothing chosen.
     void ResetMeasureTier();
     void ProcessTier(int tier);
