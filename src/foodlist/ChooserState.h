@@ -15,6 +15,7 @@ struct ChooserState {
     NutrientValues currentNutrients{};  // the nine values times the quantity
     NutrientPercents currentPercents{};  // the first eight as percent of DV
     bool addingNewItem = false;       // Accept adds a row (true) or changes one
+    int measureCount = 0;             // measures the measure tier lists
 };
 
 struct ScaledNutrients {

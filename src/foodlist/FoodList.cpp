@@ -22,6 +22,7 @@ int FoodList::Append(FoodListEntry entry)
         throw RunTimeError(ErrorKind::SubscriptRange, "food list row " + std::to_string(Count() + 1));
     entries_.push_back(std::move(entry));
     listSaved = false;
+    blankRowBelow = true;
     return Count();
 }
 
@@ -37,7 +38,25 @@ void FoodList::Delete(int row)
     listSaved = false;
 }
 
-void FoodList::Clear() { entries_.clear(); }
+void FoodList::Insert(int row, FoodListEntry entry)
+{
+    if (IsFull() || row < 1 || row > Count() + 1)
+        throw RunTimeError(ErrorKind::SubscriptRange, "food list row " + std::to_string(row));
+    entries_.insert(entries_.begin() + (row - 1), std::move(entry));
+}
+
+void FoodList::Clear()
+{
+    entries_.clear();
+    blankRowBelow = false;
+}
+
+void FoodList::Assign(std::vector<FoodListEntry> entries)
+{
+    if (static_cast<int>(entries.size()) > kFoodListCapacity)
+        throw RunTimeError(ErrorKind::SubscriptRange, "food list row " + std::to_string(entries.size()));
+    entries_ = std::move(entries);
+}
 
 void FoodList::RelocateEntries(const FoodTable& table)
 {

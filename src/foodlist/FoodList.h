@@ -43,8 +43,15 @@ public:
     int Append(FoodListEntry entry);
     void Replace(int row, FoodListEntry entry);
     void Delete(int row);
+    // Puts entry back at row (1..Count+1), moving the rows from there one
+    // place down; the saved flag is left as it is.
+    void Insert(int row, FoodListEntry entry);
     // Count back to 0; the saved flag is left as it is.
     void Clear();
+    // Every row at once, as they were taken or are to be put back; the
+    // saved flag is left as it is.
+    const std::vector<FoodListEntry>& Entries() const { return entries_; }
+    void Assign(std::vector<FoodListEntry> entries);
     // After the table changed (an insert or a delete moves foods), points
     // every row at its food again, found by its four texts; a row whose food
     // is gone keeps its index. The saved flag is left as it is.
@@ -56,6 +63,9 @@ public:
 
     std::int16_t selectedRow = 0;  // the grid row last clicked, 0 for none
     bool listSaved = false;        // unchanged since saved or opened
+    // The grid shows an empty row below the last entry once a row has been
+    // appended, until the list is cleared.
+    bool blankRowBelow = false;
 
 private:
     int CheckRow(int row) const;

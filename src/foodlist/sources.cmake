@@ -6,5 +6,6 @@ list(APPEND MODEL_SOURCES
 )
 list(APPEND VIEW_SOURCES
   src/foodlist/views/FoodListGrid.cpp
+  src/foodlist/views/FoodListModel.cpp
   src/foodlist/views/FoodChooserPage.cpp
 )

@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTest>
 
 #include "Fixtures.h"
@@ -43,7 +43,9 @@ const std::string& kAnn = kAnnProfile;
 struct Program {
     Program() { h.StartOn(DataFileBytes(SampleTable())); }
     FoodChooserPage& page() const { return FindOnly<FoodChooserPage>(*h.main); }
-    QTableWidget& grid() const { return *Find<QTableWidget>(*h.main, QStringLiteral("gridMain")); }
+    QTableView& grid() const { return *Find<QTableView>(*h.main, QStringLiteral("gridMain")); }
+    int GridRows() const { return grid().model()->rowCount(); }
+    QString Cell(int row, int column) const { return grid().model()->index(row, column).data().toString(); }
     QTabWidget& tabs() const { return *Find<QTabWidget>(*h.main, QStringLiteral("tabMain")); }
     template <class T = QPushButton>
     T* W(const char* name) const { return Find<T>(*h.main, QString::fromLatin1(name)); }
@@ -73,7 +75,7 @@ struct Program {
     }
     void ClickRow(int row) const
     {
-        grid().scrollToItem(grid().item(row - 1, 0));
+        grid().scrollTo(grid().model()->index(row - 1, 0));
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
                           grid().visualRect(grid().model()->index(row - 1, 0)).center());
     }
@@ -81,7 +83,7 @@ struct Program {
     {
         QStringList cells;
         for (int c = 0; c < 13; ++c)
-            cells << (grid().item(row - 1, c) ? grid().item(row - 1, c)->text() : QString());
+            cells << Cell(row - 1, c);
         return cells;
     }
     QStringList Labels(const QString& pattern) const
@@ -137,7 +139,7 @@ private slots:
         p.VerifyListMenus(false);
         p.Add(kButter);
         p.Add(kCheddar);
-        QCOMPARE(p.grid().rowCount(), 3);  // and the empty row below
+        QCOMPARE(p.GridRows(), 3);  // and the empty row below
         QCOMPARE(p.Cells(1), kButterCells);
         QCOMPARE(p.Cells(2), kCheddarCells);
         QCOMPARE(p.DailyIntake(), QStringList({"379", "7 g", "0 g", "39 g", "108 mg", "0 g", "212 mg", "381 mg"}));
@@ -181,7 +183,7 @@ private slots:
         QCOMPARE(Shown(p.Messages()[0]), Shown({"List is full, unable to add\r\nany more.", "Unable to Add to List",
                                                 MsgIcon::Exclamation, MsgButtons::Ok}));
         QCOMPARE(p.list().Count(), kFoodListCapacity);
-        QCOMPARE(p.grid().rowCount(), kFoodListCapacity + 1);
+        QCOMPARE(p.GridRows(), kFoodListCapacity + 1);
         QCOMPARE(p.Cells(kFoodListCapacity), kButterCells);
     }
 
@@ -207,7 +209,7 @@ private slots:
         p.EnterQuantity(QStringLiteral("1"));
         p.W("btnAcceptItem")->click();
         QCOMPARE(p.list().Count(), 2);
-        QCOMPARE(p.grid().rowCount(), 3);
+        QCOMPARE(p.GridRows(), 3);
         QCOMPARE(p.Cells(1), WithNutrients({"1", "1 tbsp", "Dairy and Eggs", "Butter", "Salted"},
                                            {"108", "0 g", "0 g", "12 g", "31 mg", "0 g", "3 mg", "82 mg"}));
         QCOMPARE(p.DailyIntake()[kCalories], QStringLiteral("217"));
@@ -294,7 +296,7 @@ private slots:
         QCOMPARE(p.list().Count(), 2);
         QCOMPARE(p.list().Entry(2), peas);
         QCOMPARE(p.Cells(2), peasCells);
-        QCOMPARE(p.grid().rowCount(), 3);
+        QCOMPARE(p.GridRows(), 3);
         QCOMPARE(p.DailyIntake()[kCalories], QStringLiteral("383"));  // butter and peas
         QVERIFY(p.h.session.foodTable.DatabaseDirty);
         p.VerifyChooserReset();
@@ -306,14 +308,14 @@ private slots:
             p.W("btnDeleteItem")->click();
             p.VerifyListMenus(rows > 1);
         }
-        QCOMPARE(p.grid().rowCount(), 1);
+        QCOMPARE(p.GridRows(), 1);
 
         // Clearing: no rows, the profile kept, nothing left to delete.
         p.Add(kCheddar);
         p.ClickRow(1);
         p.Run("mnuClearList");
         QCOMPARE(p.list().Count(), 0);
-        QCOMPARE(p.grid().rowCount(), 0);
+        QCOMPARE(p.GridRows(), 0);
         QCOMPARE(p.DailyIntake()[kSodium], QStringLiteral("0 mg"));
         p.VerifyChooserReset();
         p.VerifyListMenus(false);
@@ -340,7 +342,7 @@ private slots:
         p.tabs().setCurrentIndex(2);
         p.Run("mnuOpen", "day.pwl");
         QVERIFY(p.list().Count() == 2 && p.list().Entry(1) == butter && p.list().Entry(2) == cheddar);
-        QCOMPARE(p.grid().item(0, 0)->text(), QStringLiteral("2-1/2"));
+        QCOMPARE(p.Cell(0, 0), QStringLiteral("2-1/2"));
         QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
         QCOMPARE(p.tabs().currentIndex(), 2);  // back where the file was opened from
         const FileDialogRequest& open = p.h.fakes.files.openRequests.at(0);

@@ -31,16 +31,44 @@ FileDialogRequest ListFileRequest(const AnalysisSession& session)
     return request;
 }
 
+// The profile's entries as settings that put them back as they are.
+std::vector<ProfileSetting> SettingsOf(const ProfileInputs& inputs)
+{
+    return {{ProfileField::Name, inputs.name},
+            {ProfileField::Yob, inputs.yob},
+            {ProfileField::Measurement, {}, inputs.measurement},
+            {ProfileField::Height, inputs.height},
+            {ProfileField::Weight, inputs.weight},
+            {ProfileField::Sex, {}, inputs.sex},
+            {ProfileField::Lifestyle, {}, inputs.lifestyle}};
+}
+
 }  // namespace
 
 AnalysisFileCommands::AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs,
-                                           ProfilePage& profilePage,
-                                           AnalysisPage& analysisPage, ListLink list,
-                                           QObject* parent)
+                                           ProfilePage& profilePage, AnalysisPage& analysisPage, QObject* parent)
     : QObject(parent), session_(session), seams_(seams), window_(window), tabs_(tabs), profilePage_(profilePage),
-      analysisPage_(analysisPage), list_(std::move(list))
+      analysisPage_(analysisPage)
 {
 }
+
+AnalysisFileCommands::Opened AnalysisFileCommands::Current() const
+{
+    return {profilePage_.CurrentInputs(), session_.currentListFile};
+}
+
+void AnalysisFileCommands::Restore(const Opened& state)
+{
+    profilePage_.ApplySettings(SettingsOf(state.inputs));
+    profilePage_.ValidateTab1Data();
+    session_.currentListFile = state.listFile;
+    if (state.listFile.empty())
+        window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
+    else
+        SetCaption();
+}
+
+void AnalysisFileCommands::StepOpen(bool undo) { Restore(undo ? beforeOpen_ : afterOpen_); }
 
 bool AnalysisFileCommands::ListNeedsSaving() const
 {
@@ -73,7 +101,7 @@ void AnalysisFileCommands::SaveGrid(bool atExit)
 void AnalysisFileCommands::WriteAnalysis(const QString& path)
 {
     WriteAnalysisFile(ToNativePath(path), profilePage_.CurrentInputs(), session_.foodList);
-    session_.foodList.listSaved = true;
+    emit listWritten();
 }
 
 void AnalysisFileCommands::OpenGrid()
@@ -88,19 +116,22 @@ void AnalysisFileCommands::OpenGrid()
 
 void AnalysisFileCommands::OpenListFile(const QString& path)
 {
+    const Opened before = Current();
     session_.currentListFile = ToNativePath(path);
     // Emptying the profile closes the list's tabs for a moment; the page
     // the user opened the file from comes back once the profile read is
     // valid again.
     const int page = tabs_.currentIndex();
     ClearData();
-    ReadAnalysis(path);
+    std::vector<FoodListEntry> rows = ReadAnalysis(path);
     if (session_.ended)
         return;
+    beforeOpen_ = before;
+    afterOpen_ = Current();
+    emit listRead(std::move(rows), FromNativePath(session_.currentListFile).section(QLatin1Char('/'), -1));
     if (page >= 0 && tabs_.isTabEnabled(page))
         tabs_.setCurrentIndex(page);
     SetCaption();
-    session_.foodList.listSaved = true;
 }
 
 void AnalysisFileCommands::ReportNotAnAnalysisFile(const QString& path)
@@ -109,24 +140,29 @@ void AnalysisFileCommands::ReportNotAnAnalysisFile(const QString& path)
                            QString::fromLatin1(texts::kTitleError), MsgIcon::Critical);
 }
 
-void AnalysisFileCommands::ReadAnalysis(const QString& path)
+std::vector<FoodListEntry> AnalysisFileCommands::ReadAnalysis(const QString& path)
 {
-    list_.refresh();
+    std::vector<FoodListEntry> rows;
     const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(path));
     // The profile first, whatever the order of the lines: the entries'
     // percents are taken of its daily values.
     if (!profilePage_.ApplySettings(content.settings)) {
         ReportNotAnAnalysisFile(path);
-        return;
+        return rows;
     }
     bool valid = content.valid;
     try {
         profilePage_.ValidateTab1Data();
         if (session_.ended)
-            return;
+            return rows;
         const DailyValues dailyValues = session_.profile.valid ? session_.dailyValues : DailyValues{};
         // More rows than a list holds end here, as a file that is not a list.
-        OpenItems(content.items, session_.foodTable, dailyValues, list_.append, [&](const std::string& text) {
+        const auto row = [&rows](FoodListEntry entry) {
+            if (static_cast<int>(rows.size()) >= kFoodListCapacity)
+                throw RunTimeError(ErrorKind::SubscriptRange, "food list row " + std::to_string(rows.size() + 1));
+            rows.push_back(std::move(entry));
+        };
+        OpenItems(content.items, session_.foodTable, dailyValues, row, [&](const std::string& text) {
             seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
         });
         // A valid profile brings the summary and the grid up to date.
@@ -137,6 +173,7 @@ void AnalysisFileCommands::ReadAnalysis(const QString& path)
     }
     if (!valid && !session_.ended)
         ReportNotAnAnalysisFile(path);
+    return rows;
 }
 
 void AnalysisFileCommands::ClearData()
@@ -148,8 +185,6 @@ void AnalysisFileCommands::ClearData()
     // The emptied profile is invalid: the list's tab and the grid close.
     profilePage_.ValidateTab1Data();
     analysisPage_.ClearPerson();
-    list_.disableChooser();
-    list_.clear();
 }
 
 void AnalysisFileCommands::SaveGridQuery(const QString& title, bool atExit)
@@ -174,7 +209,7 @@ void AnalysisFileCommands::mnuClearList_Click()
         SaveGridQuery(QString::fromLatin1(texts::kTitleClearList));
     window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
     session_.currentListFile.clear();
-    list_.clear();
+    emit clearListWanted();
 }
 
 }  // namespace pw

@@ -4,8 +4,9 @@
 // before it is cleared, replaced or left behind at exit.
 #include <QObject>
 #include <QString>
-#include <functional>
+#include <vector>
 
+#include "analysis/Profile.h"
 #include "foodlist/FoodList.h"
 
 class QTabWidget;
@@ -17,21 +18,21 @@ class ProfilePage;
 struct Seams;
 struct AnalysisSession;
 
-// What the list-file commands ask of the chooser and the grid of chosen foods.
-struct ListLink {
-    std::function<void()> refresh;                    // the grid redrawn from the list
-    std::function<void(FoodListEntry entry)> append;  // a row added to the list and the grid
-    std::function<void()> clear;                      // the list and the grid emptied
-    std::function<void()> disableChooser;             // the chooser's tiers emptied
-};
-
 class AnalysisFileCommands : public QObject {
     Q_OBJECT
+signals:
+    // The rows of the list file named name, read: they replace the list.
+    void listRead(std::vector<pw::FoodListEntry> rows, const QString& name);
+    // The list as it stands was written to its file.
+    void listWritten();
+    // The list is to be emptied.
+    void clearListWanted();
+
 public:
     // window is the main window, whose caption names the list file; tabs
     // are its pages.
     AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs, ProfilePage& profilePage,
-                         AnalysisPage& analysisPage, ListLink list, QObject* parent = nullptr);
+                         AnalysisPage& analysisPage, QObject* parent = nullptr);
 
     // Asks for a file and saves the analysis to it; Cancel changes nothing.
     // atExit: a failed write offers to try again.
@@ -45,14 +46,9 @@ public:
     // What OpenGrid does once the file is chosen: empties the profile and
     // the list, reads the file and names it in the caption.
     void OpenListFile(const QString& path);
-    // Reads a list file into the profile and the list: every food is looked
-    // for by its tier texts, a missing one is reported and dropped, and a
-    // file that is not a list file is reported, keeping what was read
-    // before the fault.
-    void ReadAnalysis(const QString& path);
-    // Empties the profile entries, the age and BMI captions, the chooser and
-    // the list.
-    void ClearData();
+    // An opened list taken back (undo) or opened again: the profile and the
+    // file's name it came with, or those it replaced, are put back.
+    void StepOpen(bool undo);
     // "Do you want to save your foodlist?" under title; Yes saves.
     void SaveGridQuery(const QString& title, bool atExit = false);
     // True when the list has rows not saved since they changed.
@@ -65,7 +61,21 @@ public:
     void mnuClearList_Click();
 
 private:
+    // Reads a list file into the profile and returns its rows: every food is
+    // looked for by its tier texts, a missing one is reported and dropped,
+    // and a file that is not a list file is reported, keeping what was read
+    // before the fault.
+    std::vector<FoodListEntry> ReadAnalysis(const QString& path);
+    // Empties the profile entries and the age and BMI captions.
+    void ClearData();
     void SetCaption();
+    // The profile and the list file as an open finds or leaves them.
+    struct Opened {
+        ProfileInputs inputs;
+        std::string listFile;
+    };
+    Opened Current() const;
+    void Restore(const Opened& state);
     void ReportNotAnAnalysisFile(const QString& path);
 
     AnalysisSession& session_;
@@ -74,7 +84,9 @@ private:
     QTabWidget& tabs_;
     ProfilePage& profilePage_;
     AnalysisPage& analysisPage_;
-    ListLink list_;
+    // Before and after the last open, which an undo and a redo go back to.
+    Opened beforeOpen_;
+    Opened afterOpen_;
 };
 
 }  // namespace pw

@@ -386,6 +386,7 @@ void ProfilePage::btnNewProfile_Click()
     btnSaveProfile->setEnabled(false);
     ShowGuidance();
     emit profileValidated(false);
+    emit newProfileStarted();
 }
 
 void ProfilePage::btnTab1Help_Click()

@@ -54,6 +54,8 @@ public:
     bool ApplySettings(const std::vector<ProfileSetting>& settings);
 
 signals:
+    // "New Profile": the entries were emptied for another person.
+    void newProfileStarted();
     // Emitted by every validation with its outcome; the main window enables
     // the food-list and analysis tabs, the grid and the view menu from it and,
     // when valid, updates the summary.

@@ -13,17 +13,15 @@
 
 namespace pw {
 
-DatabaseCommands::DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser,
-                                   QWidget& window)
-    : QObject(&window), session_(session), seams_(seams), guard_(guard), chooser_(std::move(chooser)),
-      window_(window)
+DatabaseCommands::DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, QWidget& window)
+    : QObject(&window), session_(session), seams_(seams), guard_(guard), window_(window)
 {
 }
 
 void DatabaseCommands::FoodTableChanged()
 {
     RebuildChooser();
-    chooser_.disableTiers();
+    emit chooserResetWanted();
 }
 
 void DatabaseCommands::RebuildChooser()
@@ -31,7 +29,7 @@ void DatabaseCommands::RebuildChooser()
     // An insert or a delete moves foods: each list row is pointed at its own
     // food again before the chooser lists the table anew.
     session_.foodList.RelocateEntries(session_.foodTable);
-    chooser_.rebuildTierMap();
+    emit foodsMoved();
 }
 
 bool DatabaseCommands::RefusedForFullTable()
@@ -62,7 +60,7 @@ void DatabaseCommands::SaveAsDish()
                 emit clearListRequested();
             RebuildChooser();
             emit dishSaved();
-            chooser_.disableTiers();
+            emit chooserResetWanted();
         });
     }
     frmSaveList->open();
@@ -76,7 +74,10 @@ void DatabaseCommands::CopyToFavorites()
         frmCopy = new CopyFavoritesDialog(session_, seams_, &guard_, &window_);
         connect(frmCopy, &FoodTableDialog::foodTableChanged, this, &DatabaseCommands::FoodTableChanged);
     }
-    frmCopy->SetChosenFood({chooser_.tierText(1), chooser_.tierText(2), chooser_.tierText(3)});
+    const FoodTable& table = session_.foodTable;
+    const int food = session_.chooser.currentFood;
+    frmCopy->SetChosenFood({QString::fromLatin1(table.Subgroup(food)), QString::fromLatin1(table.Description(food)),
+                            QString::fromLatin1(table.Measure(food))});
     frmCopy->open();
 }
 
@@ -86,7 +87,7 @@ void DatabaseCommands::DeleteFromDatabase()
     // The chosen description with all its measures, the run the measure
     // tier lists.
     const int first = session_.tierMap.Get(0, 3);
-    const int n = chooser_.measureCount();
+    const int n = session_.chooser.measureCount;
     if (n < 1)
         return;
     const FoodList& list = session_.foodList;
@@ -98,14 +99,15 @@ void DatabaseCommands::DeleteFromDatabase()
             return;
         }
     }
-    const std::string question = DeleteFoodQuestion(ToLatin1(chooser_.tierText(0)), ToLatin1(chooser_.tierText(1)),
-                                                    ToLatin1(chooser_.tierText(2)));
+    const FoodTable& table = session_.foodTable;
+    const std::string question =
+        DeleteFoodQuestion(table.Group(first), table.Subgroup(first), table.Description(first));
     if (seams_.prompts.Message(question, title, MsgIcon::Question, MsgButtons::YesNo) != MsgResult::Yes) {
         seams_.prompts.Message(std::string(texts::kDeletionCanceled), title, MsgIcon::Information);
         return;
     }
     DeleteFoods(session_.foodTable, first, n);
-    chooser_.disableTiers();
+    emit chooserResetWanted();
     seams_.prompts.Message(std::string(texts::kItemDeleted), title, MsgIcon::Information);
     RebuildChooser();
 }

@@ -3,11 +3,9 @@
 // dish, copying the chosen food to Favorites and deleting it from the table.
 // It owns the three dialogs (created once, kept), refuses a full table
 // before a dialog opens, and every change of the food table ends in one
-// step that rebuilds the chooser. It knows the chooser only through the
-// link the main window gives it.
+// step that asks for the chooser to be rebuilt. It reads the chosen food
+// from the chooser's state and asks for the rest by signals.
 #include <QObject>
-#include <QString>
-#include <functional>
 
 class QWidget;
 
@@ -20,20 +18,10 @@ class SaveDishDialog;
 struct Seams;
 struct FoodSession;
 
-// What the commands ask of the food chooser.
-struct ChooserLink {
-    // The names in the four tiers: group, subgroup, description, measure.
-    std::function<QString(int tier)> tierText;
-    // How many measures the measure tier lists for the chosen description.
-    std::function<int()> measureCount;
-    std::function<void()> disableTiers;
-    std::function<void()> rebuildTierMap;
-};
-
 class DatabaseCommands : public QObject {
     Q_OBJECT
 public:
-    DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, ChooserLink chooser, QWidget& window);
+    DatabaseCommands(FoodSession& session, Seams& seams, ErrorGuard& guard, QWidget& window);
 
     void AddCustomItem();
     void SaveAsDish();
@@ -48,6 +36,10 @@ signals:
     void dishSaved();
     // The chosen food is in the list and was not deleted.
     void deleteRefused();
+    // The table's foods moved: the chooser lists them anew.
+    void foodsMoved();
+    // The chooser back to nothing chosen.
+    void chooserResetWanted();
 
 private:
     // After every change of the table: the list's rows re-found and the
@@ -60,7 +52,6 @@ private:
     FoodSession& session_;
     Seams& seams_;
     ErrorGuard& guard_;
-    ChooserLink chooser_;
     QWidget& window_;
     // Made at their first opening, children of the window named "frmAdd",
     // "frmSaveList" and "frmCopy".

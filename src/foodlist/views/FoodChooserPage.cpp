@@ -204,6 +204,8 @@ void FoodChooserPage::FillTier(int tier, int position)
     for (const auto& entry : RebuildTierColumn(session_.foodTable, session_.tierMap, tier, position))
         combo->addItem(QString::fromLatin1(entry));
     combo->setCurrentIndex(-1);  // filling a list selects its first entry
+    if (tier == 3)
+        session_.chooser.measureCount = combo->count();
 }
 
 void FoodChooserPage::FollowChoice(int tier)
@@ -239,6 +241,7 @@ void FoodChooserPage::ResetMeasureTier()
 {
     labTier[3]->setEnabled(false);
     comTier3->clear();
+    session_.chooser.measureCount = 0;
     comTier3->setEnabled(false);
     labOf->setEnabled(false);
     comQuantity->setEnabled(false);
@@ -358,6 +361,7 @@ void FoodChooserPage::DisableTiers()
         combo->clear();
         combo->setEnabled(false);
     }
+    session_.chooser.measureCount = 0;
     for (int t = 1; t < 4; ++t)
         labTier[t]->setEnabled(false);
     labOf->setEnabled(false);
@@ -379,6 +383,7 @@ void FoodChooserPage::EnableTiers()
         combo->clear();
         combo->setEnabled(true);
     }
+    session_.chooser.measureCount = 0;
     labOf->setEnabled(true);
     comQuantity->setEnabled(true);
     DisableItemInfo();

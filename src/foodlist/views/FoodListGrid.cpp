@@ -9,9 +9,10 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "foodlist/views/FoodChooserPage.h"
+#include "foodlist/views/FoodListModel.h"
 #include "foodlist/FoodListTexts.h"
 #include "core/views/ErrorGuard.h"
 #include "core/views/Seams.h"
@@ -37,25 +38,35 @@ private:
 
 }  // namespace
 
-FoodListGrid::FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableWidget& gridMain,
-                           FoodChooserPage& chooser, GridHooks hooks, QObject* parent)
-    : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), chooser_(chooser),
-      hooks_(std::move(hooks))
+FoodListGrid::FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard, QTableView& gridMain,
+                           FoodListModel& model, FoodChooserPage& chooser, QObject* parent)
+    : QObject(parent), session_(session), seams_(seams), guard_(guard), grid_(gridMain), model_(model),
+      chooser_(chooser)
 {
+    // Rows coming and going move the current cell: no choice of the user's.
+    // Connected before the grid takes the model, so these run first.
+    for (auto about : {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsAboutToBeRemoved})
+        connect(&model_, about, this, [this] { writing_ = true; });
+    connect(&model_, &FoodListModel::listChanged, this, &FoodListGrid::ListChanged);
+    grid_.setModel(&model_);
+
     ConnectGuarded(&chooser_, &FoodChooserPage::acceptRequested, this, &FoodListGrid::btnAcceptItem_Click, &guard_);
     ConnectGuarded(&chooser_, &FoodChooserPage::deleteRequested, this, &FoodListGrid::btnDeleteItem_Click, &guard_);
 
     // A click loads the clicked row (again, when it is the current one); a
     // move of the current row by the keys loads it too. The header counts as
     // row 0.
-    connect(&grid_, &QTableWidget::cellClicked, this, [this](int row, int) {
+    connect(&grid_, &QTableView::clicked, this, [this](const QModelIndex& at) {
         if (!writing_)
-            guard_.Run([&] { gridMain_Click(row + 1); });
+            guard_.Run([&] { gridMain_Click(at.row() + 1); });
     });
-    connect(&grid_, &QTableWidget::currentCellChanged, this, [this](int row, int, int previousRow, int) {
-        if (!writing_ && !mousePressed_ && row != previousRow)
-            guard_.Run([&] { gridMain_Click(row + 1); });
-    });
+    connect(grid_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current, const QModelIndex& previous) {
+                const int row = current.isValid() ? current.row() : -1;
+                const int previousRow = previous.isValid() ? previous.row() : -1;
+                if (!writing_ && !mousePressed_ && row != previousRow)
+                    guard_.Run([&] { gridMain_Click(row + 1); });
+            });
     connect(grid_.horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this] { guard_.Run([&] { gridMain_Click(0); }); });
     grid_.viewport()->installEventFilter(this);
@@ -64,7 +75,19 @@ FoodListGrid::FoodListGrid(FoodSession& session, Seams& seams, ErrorGuard& guard
     grid_.installEventFilter(this);
 }
 
-bool FoodListGrid::ViewByUnits() const { return hooks_.viewByUnits ? hooks_.viewByUnits() : true; }
+int FoodListGrid::CurrentRow() const { return grid_.currentIndex().isValid() ? grid_.currentIndex().row() : -1; }
+
+void FoodListGrid::ListChanged()
+{
+    writing_ = false;
+    // No row stays loaded in the chooser; a step taken back or redone, a
+    // cleared or opened list selects none either.
+    chooser_.ForgetRow();
+    if (session_.foodList.selectedRow == 0) {
+        FlagScope writing(writing_);
+        grid_.clearSelection();
+    }
+}
 
 bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
 {
@@ -77,7 +100,7 @@ bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
         static_cast<QObject&>(grid_).event(event);
         const FoodList& list = session_.foodList;
         const bool changingCurrentRow =
-            !session_.chooser.addingNewItem && list.selectedRow >= 1 && grid_.currentRow() + 1 == list.selectedRow;
+            !session_.chooser.addingNewItem && list.selectedRow >= 1 && CurrentRow() + 1 == list.selectedRow;
         if (!changingCurrentRow) {
             grid_.clearSelection();
             grid_.selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
@@ -111,14 +134,14 @@ bool FoodListGrid::eventFilter(QObject* watched, QEvent* event)
         if (!at.isValid() && !pressedIndex_.isValid())
             guard_.Run([&] { gridMain_Click(0); });
         else if (at != pressedIndex_ || !at.isValid())
-            guard_.Run([&] { gridMain_Click(grid_.currentRow() + 1); });
+            guard_.Run([&] { gridMain_Click(CurrentRow() + 1); });
     }
     return QObject::eventFilter(watched, event);
 }
 
 void FoodListGrid::btnAcceptItem_Click()
 {
-    FoodList& list = session_.foodList;
+    const FoodList& list = session_.foodList;
     const ChooserState& state = session_.chooser;
     if (state.addingNewItem && list.IsFull()) {
         seams_.prompts.Message(std::string(texts::kListFull), std::string(texts::kTitleListFull),
@@ -137,67 +160,13 @@ void FoodListGrid::btnAcceptItem_Click()
     entry.percents = state.currentPercents;
 
     int row = list.selectedRow;
-    if (state.addingNewItem)
-        row = list.Append(std::move(entry));
-    else
-        list.Replace(row, std::move(entry));
-    PushToList(row);
-    if (QTableWidgetItem* added = grid_.item(row - 1, 0))
-        grid_.scrollToItem(added);
-
-    list.listSaved = false;
-    chooser_.ResetAfterAccept();
-    emit listLengthChanged();
-}
-
-void FoodListGrid::PushToList(int row)
-{
-    const FoodListEntry& entry = session_.foodList.Entry(row);
-    {
-        FlagScope writing(writing_);
-        if (session_.chooser.addingNewItem)
-            grid_.setRowCount(row + 1);  // rows 1..row and the empty row below
-        else if (grid_.rowCount() < row)
-            grid_.setRowCount(row);
-        const bool byUnits = ViewByUnits();
-        for (int column = 0; column < kGridColumns; ++column) {
-            auto* cell = new QTableWidgetItem(QString::fromLatin1(GridCellText(entry, column, byUnits)));
-            if (column >= kFirstNutrientColumn)
-                cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            grid_.setItem(row - 1, column, cell);
-        }
+    if (state.addingNewItem) {
+        model_.AddRow(std::move(entry));
+        row = list.Count();
+    } else {
+        model_.ChangeRow(row, std::move(entry));
     }
-    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
-}
-
-void FoodListGrid::RefreshGrid()
-{
-    if (hooks_.populateGridHeader)
-        hooks_.populateGridHeader();
-    for (int row = 1; row <= session_.foodList.Count(); ++row)
-        PushToList(row);
-}
-
-void FoodListGrid::AppendEntry(FoodListEntry entry)
-{
-    const int row = session_.foodList.Append(std::move(entry));
-    PushToList(row);
-    {
-        FlagScope writing(writing_);
-        if (grid_.rowCount() < row + 1)
-            grid_.setRowCount(row + 1);
-    }
-    emit listLengthChanged();
-}
-
-void FoodListGrid::ShowDailyIntake(IntakeStyle style)
-{
-    if (!hooks_.setDailyIntake)
-        return;
-    const NutrientValues totals = session_.foodList.Totals();
-    for (int i = 0; i < kShownNutrients; ++i)
-        hooks_.setDailyIntake(i, QString::fromLatin1(DailyIntakeText(static_cast<Nutrient>(i), totals[i],
-                                                                     session_.dailyValues[i], style)));
+    grid_.scrollTo(model_.index(row - 1, 0));
 }
 
 void FoodListGrid::btnDeleteItem_Click()
@@ -211,41 +180,14 @@ void FoodListGrid::btnDeleteItem_Click()
                                MsgIcon::Information);
         return;
     }
-    FoodList& list = session_.foodList;
-    const int row = list.selectedRow;
-    const bool saved = list.listSaved;
-    list.Delete(row);
-    list.listSaved = saved;
+    model_.DeleteRow(session_.foodList.selectedRow);
     {
         FlagScope writing(writing_);
-        grid_.removeRow(row - 1);
         grid_.clearSelection();
     }
-    emit listLengthChanged();
-    // The analysis follows the shorter list.
-    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
-
-    chooser_.ForgetRow();
     seams_.prompts.Message(ItemRemovedText(item), std::string(texts::kTitleDeleteFromList), MsgIcon::Information);
     // The data file is written again at exit, as after a change of the table.
     session_.foodTable.DatabaseDirty = true;
-}
-
-void FoodListGrid::ClearGrid()
-{
-    {
-        FlagScope writing(writing_);
-        grid_.setRowCount(0);
-    }
-    FoodList& list = session_.foodList;
-    list.Clear();
-    list.selectedRow = 0;
-    if (hooks_.populateGridHeader)
-        hooks_.populateGridHeader();
-    // No row is left to delete.
-    chooser_.ForgetRow();
-    emit listLengthChanged();
-    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
 }
 
 void FoodListGrid::gridMain_Click(int row)
@@ -259,7 +201,7 @@ void FoodListGrid::gridMain_Click(int row)
     }
     const FoodListEntry entry = list.Entry(row);
     session_.chooser.addingNewItem = false;
-    chooser_.LoadListEntry(entry, ViewByUnits());
+    chooser_.LoadListEntry(entry, model_.ViewByUnits());
 }
 
 }  // namespace pw

@@ -15,7 +15,8 @@
 #include <QResizeEvent>
 #include <QShortcut>
 #include <QTabWidget>
-#include <QTableWidget>
+#include <QTableView>
+#include <QUndoStack>
 #include <QWidget>
 
 #include "analysis/AnalysisFile.h"
@@ -34,6 +35,7 @@
 #include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
 #include "foodlist/views/FoodListGrid.h"
+#include "foodlist/views/FoodListModel.h"
 #include "foodlist/views/FoodChooserPage.h"
 #include "foodlist/FoodListTexts.h"
 #include "core/views/ErrorGuard.h"
@@ -108,6 +110,7 @@ MainWindow::MainWindow(Session& session, Seams& seams, ErrorGuard& guard, QWidge
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Platewell"));
+    listModel = new FoodListModel(session_, this);
     BuildMenus();
     BuildCentre();
 }
@@ -133,6 +136,8 @@ void MainWindow::BuildMenus()
     mnuOpen->setShortcut(QKeySequence::Open);
     mnuSave->setShortcut(QKeySequence::Save);
     mnuPrintAnalysis->setShortcut(QKeySequence::Print);
+
+    BuildEditMenu();
 
     mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
     mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
@@ -206,6 +211,30 @@ void MainWindow::BuildMenus()
     help(mnuTechSupport, "pw.hlp", kHelpContext, kTopicTechnicalSupport);
 }
 
+void MainWindow::BuildEditMenu()
+{
+    mnuEdit = AddMenu(menuBar(), "mnuEdit", "&Edit");
+    mnuUndo = AddItem(mnuEdit, "mnuUndo", "&Undo");
+    mnuRedo = AddItem(mnuEdit, "mnuRedo", "&Redo");
+    mnuUndo->setShortcuts(QKeySequence::Undo);
+    mnuRedo->setShortcuts(QKeySequence::Redo);
+    const QUndoStack* stack = &listModel->Stack();
+    // "&Undo Add Cheddar": the step each would take, disabled while none.
+    auto follow = [](QAction* action, const char* verb, bool can, const QString& step) {
+        action->setEnabled(can);
+        action->setText(QString::fromLatin1(verb) + (step.isEmpty() ? QString() : QLatin1Char(' ') + step));
+    };
+    auto followUndo = [this, stack, follow] { follow(mnuUndo, "&Undo", stack->canUndo(), stack->undoText()); };
+    auto followRedo = [this, stack, follow] { follow(mnuRedo, "&Redo", stack->canRedo(), stack->redoText()); };
+    connect(stack, &QUndoStack::indexChanged, this, [=] { followUndo(); followRedo(); });
+    connect(stack, &QUndoStack::canUndoChanged, this, followUndo);
+    connect(stack, &QUndoStack::canRedoChanged, this, followRedo);
+    followUndo();
+    followRedo();
+    ConnectGuarded(mnuUndo, &QAction::triggered, listModel, &FoodListModel::Undo, &guard_);
+    ConnectGuarded(mnuRedo, &QAction::triggered, listModel, &FoodListModel::Redo, &guard_);
+}
+
 void MainWindow::BuildCentre()
 {
     auto* centre = new QWidget(this);
@@ -250,10 +279,8 @@ void MainWindow::BuildCentre()
                 ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2));
             });
 
-    gridMain = new QTableWidget(centre);
+    gridMain = new QTableView(centre);
     gridMain->setObjectName(QStringLiteral("gridMain"));
-    gridMain->setColumnCount(13);
-    gridMain->setRowCount(0);
     gridMain->verticalHeader()->setVisible(false);
     gridMain->setEditTriggers(QAbstractItemView::NoEditTriggers);
     gridMain->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -265,29 +292,19 @@ void MainWindow::BuildCentre()
     gridMain->verticalHeader()->setDefaultSectionSize(gridMain->fontMetrics().height() + 6);
     gridMain->setEnabled(false);
 
-    GridHooks gridHooks;
-    gridHooks.populateGridHeader = [this] { PopulateGridHeader(); };
-    gridHooks.viewByUnits = [this] { return ViewByUnits(); };
-    gridHooks.setDailyIntake = [this](int i, const QString& text) {
-        analysisPage->SetDailyIntake(i, text);
-        RefreshChart();
-    };
-    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *chooserPage, std::move(gridHooks), this);
-    connect(listGrid, &FoodListGrid::listLengthChanged, this, &MainWindow::UpdateListMenus);
-    ListLink list;
-    list.refresh = [this] { listGrid->RefreshGrid(); };
-    list.append = [this](FoodListEntry entry) { listGrid->AppendEntry(std::move(entry)); };
-    list.clear = [this] { listGrid->ClearGrid(); };
-    list.disableChooser = [this] { chooserPage->DisableTiers(); };
-    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, std::move(list),
-                                        this);
+    listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *listModel, *chooserPage, this);
+    connect(listModel, &FoodListModel::listChanged, this, [this] { guard_.Run([&] { OnListChanged(); }); });
+    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, this);
+    connect(listFile, &AnalysisFileCommands::listRead, listModel, &FoodListModel::OpenList);
+    connect(listFile, &AnalysisFileCommands::listWritten, listModel, &FoodListModel::MarkSaved);
+    connect(listFile, &AnalysisFileCommands::clearListWanted, listModel, &FoodListModel::ClearList);
+    connect(listModel, &FoodListModel::openStepping, listFile, &AnalysisFileCommands::StepOpen);
+    // A new person's list starts a new history.
+    connect(profilePage, &ProfilePage::newProfileStarted, listModel, &FoodListModel::ForgetHistory);
 
-    ChooserLink chooser;
-    chooser.tierText = [this](int tier) { return chooserPage->TierText(tier); };
-    chooser.measureCount = [this] { return chooserPage->MeasureCount(); };
-    chooser.disableTiers = [this] { chooserPage->DisableTiers(); };
-    chooser.rebuildTierMap = [this] { chooserPage->RebuildTierMap(); };
-    database = new DatabaseCommands(session_, seams_, guard_, std::move(chooser), *this);
+    database = new DatabaseCommands(session_, seams_, guard_, *this);
+    connect(database, &DatabaseCommands::foodsMoved, chooserPage, &FoodChooserPage::RebuildTierMap);
+    connect(database, &DatabaseCommands::chooserResetWanted, chooserPage, &FoodChooserPage::DisableTiers);
     // The File and Database menus' commands act through these two objects.
     ConnectGuarded(mnuOpen, &QAction::triggered, listFile, &AnalysisFileCommands::mnuOpen_Click, &guard_);
     ConnectGuarded(mnuSave, &QAction::triggered, listFile, &AnalysisFileCommands::mnuSave_Click, &guard_);
@@ -297,7 +314,7 @@ void MainWindow::BuildCentre()
     ConnectGuarded(mnuCopyToFavorites, &QAction::triggered, database, &DatabaseCommands::CopyToFavorites, &guard_);
     ConnectGuarded(mnuDeleteFromDatabase, &QAction::triggered, database, &DatabaseCommands::DeleteFromDatabase,
                    &guard_);
-    connect(database, &DatabaseCommands::clearListRequested, listGrid, &FoodListGrid::ClearGrid);
+    connect(database, &DatabaseCommands::clearListRequested, listModel, &FoodListModel::ClearList);
     connect(database, &DatabaseCommands::dishSaved, this, [this] { mnuSaveAsDish->setEnabled(false); });
     connect(database, &DatabaseCommands::deleteRefused, this, [this] { mnuDeleteFromDatabase->setEnabled(false); });
 }
@@ -382,10 +399,6 @@ void MainWindow::Form_Load()
 
 void MainWindow::PopulateGridHeader()
 {
-    QStringList captions;
-    for (const char* caption : kColumnCaptions)
-        captions << QString::fromLatin1(caption);
-    gridMain->setHorizontalHeaderLabels(captions);
     for (int c = 0; c < kGridColumns; ++c)
         gridMain->setColumnWidth(c, columns_[c].SetTwips(session_.settings.columnWidths[c], DpiX()));
 }
@@ -406,13 +419,38 @@ void MainWindow::ChangeView()
     chooserPage->SetUnitCaptions(!ViewByUnits());
     if (chooserPage->FoodChosen())
         chooserPage->DisplayFoodNutrients(session_.chooser.currentFood);
+    listModel->SetViewByUnits(ViewByUnits());
     RefreshGrid();
     // The daily intake again, as percents written without the blank that a
     // written row leaves before "DV".
-    listGrid->ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentUnspaced);
+    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentUnspaced);
 }
 
-void MainWindow::RefreshGrid() { listGrid->RefreshGrid(); }
+void MainWindow::RefreshGrid()
+{
+    PopulateGridHeader();
+    if (session_.foodList.Count() >= 1)
+        ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
+}
+
+void MainWindow::ShowDailyIntake(IntakeStyle style)
+{
+    const NutrientValues totals = session_.foodList.Totals();
+    for (int i = 0; i < kShownNutrients; ++i)
+        analysisPage->SetDailyIntake(i, QString::fromLatin1(DailyIntakeText(static_cast<Nutrient>(i), totals[i],
+                                                                            session_.dailyValues[i], style)));
+}
+
+void MainWindow::OnListChanged()
+{
+    const FoodList& list = session_.foodList;
+    // An emptied list brings the remembered column widths back.
+    if (list.Count() == 0 && !list.blankRowBelow)
+        PopulateGridHeader();
+    ShowDailyIntake(ViewByUnits() ? IntakeStyle::Units : IntakeStyle::PercentSpaced);
+    RefreshChart();
+    UpdateListMenus();
+}
 
 void MainWindow::UpdateListMenus()
 {

@@ -6,11 +6,12 @@
 #include <memory>
 
 #include "core/views/Twips.h"
+#include "foodlist/FoodList.h"
 
 class QAction;
 class QMenu;
 class QTabWidget;
-class QTableWidget;
+class QTableView;
 
 namespace pw {
 
@@ -21,6 +22,7 @@ class DatabaseCommands;
 class SearchDialog;
 class ErrorGuard;
 class FoodListGrid;
+class FoodListModel;
 class FoodChooserPage;
 class NutrientChart;
 class ReportCommands;
@@ -46,12 +48,6 @@ public:
     void Disclaimer();
     bool EgressDone() const { return egressDone_; }
 
-    void PopulateGridHeader();
-    // Redraws everything that shows nutrient values in the current view: the
-    // chooser's units and values, the grid and the daily intake.
-    void ChangeView();
-    // The grid's header and every row of the list.
-    void RefreshGrid();
     bool ViewByUnits() const;
     // Opens a document handed over by the desktop or the command line: a
     // profile (".pwp", in any case) as Load Profile does once its file is
@@ -65,7 +61,21 @@ protected:
 
 private:
     void BuildMenus();
+    // Undo and Redo follow the list's undo stack.
+    void BuildEditMenu();
     void BuildCentre();
+    // The grid's captions and (remembered) column widths.
+    void PopulateGridHeader();
+    // Redraws everything that shows nutrient values in the current view: the
+    // chooser's units and values, the grid and the daily intake.
+    void ChangeView();
+    // The grid's header, and the totals while the list has rows.
+    void RefreshGrid();
+    // After every change of the list: the totals, the chart and the list
+    // commands follow it.
+    void OnListChanged();
+    // The list's totals in the analysis' daily-intake labels.
+    void ShowDailyIntake(IntakeStyle style);
     void Form_Resize();
     void OnProfileValidated(bool valid);
     void ShowHelpTopic(const char* file, int command, std::optional<int> context);
@@ -103,7 +113,8 @@ private:
 
     // The windows and menus, each found by its objectName as well.
     QTabWidget* tabMain = nullptr;
-    QTableWidget* gridMain = nullptr;
+    QTableView* gridMain = nullptr;
+    FoodListModel* listModel = nullptr;  // the list's rows and its undo stack
     ProfilePage* profilePage = nullptr;
     FoodChooserPage* chooserPage = nullptr;
     AnalysisPage* analysisPage = nullptr;
@@ -119,6 +130,9 @@ private:
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
     QMenu* mnuPrint = nullptr;
+    QMenu* mnuEdit = nullptr;
+    QAction* mnuUndo = nullptr;
+    QAction* mnuRedo = nullptr;
     QMenu* mnuDatabase = nullptr;
     QMenu* mnuViewBy = nullptr;
     QMenu* mnuOptions = nullptr;
