@@ -15,6 +15,7 @@
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
 #include "foodlist/views/FoodChooserPage.h"
+#include "printing/views/NutrientChart.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -110,6 +111,25 @@ struct Program {
         QVERIFY(!W("btnDeleteItem")->isEnabled() && !W("btnSearch")->isEnabled());
         QVERIFY(!W("btnAcceptItem")->isEnabled());
         QCOMPARE(Labels(QStringLiteral("labNutrVal%1")), QStringList(8, QString()));
+    }
+
+    // Everything a step of the list changes and an undo puts back.
+    struct Snapshot {
+        std::vector<FoodListEntry> rows;
+        QList<QStringList> grid;  // every row's cells, the empty row too
+        QStringList dailyIntake;
+        ChartData chart;
+        QString name, caption;
+        bool saved = false;
+        bool operator==(const Snapshot&) const = default;
+    };
+    Snapshot Snap() const
+    {
+        Snapshot s{h.session.foodList.Entries(), {}, DailyIntake(), FindOnly<NutrientChart>(*h.main).Data(), Name(),
+                   h.main->windowTitle(), h.session.foodList.listSaved};
+        for (int row = 1; row <= GridRows(); ++row)
+            s.grid << Cells(row);
+        return s;
     }
 
     ProgramHarness h;
@@ -395,7 +415,114 @@ private slots:
                 RunAfterOfferingToSave(action, title, rows, saved, deleted);
     }
 
+    // Each step taken back leaves the list, its grid, totals, chart and
+    // profile as before it; done again, as the step left them. Back at the
+    // list as saved, leaving it asks nothing.
+    void EveryStepIsUndoneAndRedone()
+    {
+        const std::pair<QString, std::function<void(Program&)>> steps[] = {
+            {"Add Green, frozen", [](Program& p) { p.Add(kPeas); }},
+            {"Change Salted",
+             [](Program& p) {
+                 p.ClickRow(1);
+                 p.EnterQuantity(QStringLiteral("1"));
+                 p.W("btnAcceptItem")->click();
+             }},
+            {"Delete Cheddar",
+             [](Program& p) {
+                 p.ClickRow(2);
+                 p.h.fakes.prompts.answers = {MsgResult::Yes};
+                 p.W("btnDeleteItem")->click();
+             }},
+            {"Clear List", [](Program& p) { p.Run("mnuClearList"); }},
+            {"Open bob.pwl", [](Program& p) { p.Run("mnuOpen", "bob.pwl"); }},
+        };
+        for (const auto& [name, take] : steps) {
+            Program p;
+            p.h.folder.Write("bob.pwl", "NAME:Bob\r\n" + kAnn.substr(10) +
+                                            "ITEM: 11 \t1\tVegetables\tPeas\tGreen, frozen\t1 cup\r\n");
+            p.Add(kButter);
+            p.Add(kCheddar);
+            p.Run("mnuSave", "day.pwl");
+            auto* undo = p.W<QAction>("mnuUndo");
+            auto* redo = p.W<QAction>("mnuRedo");
+            const Program::Snapshot before = p.Snap();
+            take(p);
+            const Program::Snapshot after = p.Snap();
+            QVERIFY(!(after == before));
+            QCOMPARE(undo->text(), "&Undo " + name);
+            QVERIFY(!redo->isEnabled());
+
+            undo->trigger();
+            QVERIFY2(p.Snap() == before, qPrintable(name));
+            p.VerifyChooserReset();
+            QCOMPARE(redo->text(), "&Redo " + name);
+            redo->trigger();
+            Program::Snapshot redone = p.Snap();
+            // A redo leaves the list unsaved, but back at the list as opened.
+            QCOMPARE(redone.saved, name.startsWith("Open"));
+            redone.saved = after.saved;
+            QVERIFY2(redone == after, qPrintable(name));
+            QVERIFY(!redo->isEnabled());
+
+            undo->trigger();
+            const size_t messages = p.Messages().size();
+            p.Run("mnuClearList");
+            QCOMPARE(p.Messages().size(), messages);
+            QVERIFY(!p.h.guard.Failed());
+        }
+    }
+
+    // Opening a list and a new profile start a new history.
+    void OpeningAndANewProfileForgetTheSteps()
+    {
+        Program p;
+        auto* undo = p.W<QAction>("mnuUndo");
+        QVERIFY(!undo->isEnabled() && undo->text() == "&Undo");
+        p.Add(kButter);
+        p.Run("mnuSave", "day.pwl");
+        p.Add(kCheddar);
+        p.h.fakes.prompts.answers = {MsgResult::No};  // not saved again
+        p.Run("mnuOpen", "day.pwl");
+        QCOMPARE(undo->text(), QStringLiteral("&Undo Open day.pwl"));
+        undo->trigger();
+        QVERIFY(!undo->isEnabled());
+        QCOMPARE(p.list().Count(), 2);
+        p.Add(kPeas);
+        p.W("btnNewProfile")->click();
+        QVERIFY(!undo->isEnabled());
+        QCOMPARE(p.list().Count(), 3);
+    }
+
+    // One change of the list repaints the chart once.
+    void TheChartFollowsEachChangeOnce()
+    {
+        Program p;
+        p.Add(kButter);
+        p.tabs().setCurrentIndex(2);
+        auto& chart = FindOnly<NutrientChart>(*p.h.main);
+        QVERIFY(QTest::qWaitForWindowExposed(p.h.main.get()));
+        QCoreApplication::processEvents();
+        PaintCounter paints(chart);
+        p.Add(kCheddar);
+        QCoreApplication::processEvents();
+        QCOMPARE(paints.count, 1);
+        p.W<QAction>("mnuUndo")->trigger();
+        QCoreApplication::processEvents();
+        QCOMPARE(paints.count, 2);
+    }
+
 private:
+    struct PaintCounter : QObject {
+        explicit PaintCounter(QWidget& w) { w.installEventFilter(this); }
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::Paint;
+            return false;
+        }
+        int count = 0;
+    };
+
     void RunAfterOfferingToSave(const QString& action, const QString& title, int rows, bool saved, bool deleted)
     {
         Program p;

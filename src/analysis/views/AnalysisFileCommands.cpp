@@ -61,8 +61,13 @@ void AnalysisFileCommands::Restore(const Opened& state)
 {
     profilePage_.ApplySettings(SettingsOf(state.inputs));
     profilePage_.ValidateTab1Data();
-    session_.currentListFile = state.listFile;
-    if (state.listFile.empty())
+    ShowListFile(FromNativePath(state.listFile));
+}
+
+void AnalysisFileCommands::ShowListFile(const QString& file)
+{
+    session_.currentListFile = ToNativePath(file);
+    if (file.isEmpty())
         window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
     else
         SetCaption();
@@ -207,9 +212,9 @@ void AnalysisFileCommands::mnuClearList_Click()
 {
     if (ListNeedsSaving())
         SaveGridQuery(QString::fromLatin1(texts::kTitleClearList));
-    window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
-    session_.currentListFile.clear();
-    emit clearListWanted();
+    const QString file = FromNativePath(session_.currentListFile);
+    ShowListFile({});
+    emit clearListWanted(file);
 }
 
 }  // namespace pw

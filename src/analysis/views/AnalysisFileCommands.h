@@ -25,8 +25,9 @@ signals:
     void listRead(std::vector<pw::FoodListEntry> rows, const QString& name);
     // The list as it stands was written to its file.
     void listWritten();
-    // The list is to be emptied.
-    void clearListWanted();
+    // The list is to be emptied, and the file it was saved as or opened
+    // from forgotten.
+    void clearListWanted(const QString& file);
 
 public:
     // window is the main window, whose caption names the list file; tabs
@@ -49,6 +50,8 @@ public:
     // An opened list taken back (undo) or opened again: the profile and the
     // file's name it came with, or those it replaced, are put back.
     void StepOpen(bool undo);
+    // The list file named in the caption, or none.
+    void ShowListFile(const QString& file);
     // "Do you want to save your foodlist?" under title; Yes saves.
     void SaveGridQuery(const QString& title, bool atExit = false);
     // True when the list has rows not saved since they changed.

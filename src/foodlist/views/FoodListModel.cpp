@@ -149,7 +149,9 @@ void FoodListModel::AfterHistoryStep()
     // the rows put back are pointed at their own foods again.
     list_.RelocateEntries(session_.foodTable);
     list_.selectedRow = 0;
-    list_.listSaved = stack_.isClean();
+    // Before an open, the history starts again: back there, the list is as
+    // saved if it was so when the file was opened.
+    list_.listSaved = stack_.isClean() || (stack_.index() == 0 && savedBeforeOpen_);
     emit listChanged();
 }
 
@@ -195,18 +197,28 @@ void FoodListModel::DeleteRow(int row)
          saved);
 }
 
-void FoodListModel::ClearList()
+void FoodListModel::ClearList(const QString& file)
 {
     std::vector<FoodListEntry> before = list_.Entries();
     const bool hadBlankRow = list_.blankRowBelow;
     list_.selectedRow = 0;
     Push(new ListCommand(
-        QStringLiteral("Clear List"), [this] { OpAssign({}, false); },
-        [this, before = std::move(before), hadBlankRow] { OpAssign(before, hadBlankRow); }));
+        QStringLiteral("Clear List"),
+        [this, file] {
+            if (!file.isEmpty())
+                emit listFileStepped({});
+            OpAssign({}, false);
+        },
+        [this, before = std::move(before), hadBlankRow, file] {
+            if (!file.isEmpty())
+                emit listFileStepped(file);
+            OpAssign(before, hadBlankRow);
+        }));
 }
 
 void FoodListModel::OpenList(std::vector<FoodListEntry> rows, const QString& name)
 {
+    savedBeforeOpen_ = list_.listSaved;
     stack_.clear();
     std::vector<FoodListEntry> before = list_.Entries();
     const bool hadBlankRow = list_.blankRowBelow;
@@ -238,6 +250,7 @@ void FoodListModel::MarkSaved()
 
 void FoodListModel::ForgetHistory()
 {
+    savedBeforeOpen_ = false;
     stack_.clear();
     if (!list_.listSaved)
         stack_.resetClean();

@@ -23,6 +23,9 @@ signals:
     // An opened list is being taken back (undo true) or opened again: what
     // came with it from its file follows before its rows do.
     void openStepping(bool undo);
+    // A cleared list taken back (its file named again) or cleared again
+    // (no file).
+    void listFileStepped(const QString& file);
 
 public:
     explicit FoodListModel(FoodSession& session, QObject* parent = nullptr);
@@ -46,7 +49,8 @@ public:
     void ChangeRow(int row, FoodListEntry entry);
     // The list stays saved if it was.
     void DeleteRow(int row);
-    void ClearList();
+    // file: the list file the clear forgets, if any.
+    void ClearList(const QString& file = {});
     // The list read from a file named name replaces the list; nothing
     // before it can be undone, and the list is saved as it stands.
     void OpenList(std::vector<FoodListEntry> rows, const QString& name);
@@ -80,6 +84,7 @@ private:
     FoodList& list_;
     QUndoStack stack_;
     bool byUnits_ = true;
+    bool savedBeforeOpen_ = false;  // the list an open replaced was saved
 };
 
 }  // namespace pw

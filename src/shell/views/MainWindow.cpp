@@ -299,6 +299,7 @@ void MainWindow::BuildCentre()
     connect(listFile, &AnalysisFileCommands::listWritten, listModel, &FoodListModel::MarkSaved);
     connect(listFile, &AnalysisFileCommands::clearListWanted, listModel, &FoodListModel::ClearList);
     connect(listModel, &FoodListModel::openStepping, listFile, &AnalysisFileCommands::StepOpen);
+    connect(listModel, &FoodListModel::listFileStepped, listFile, &AnalysisFileCommands::ShowListFile);
     // A new person's list starts a new history.
     connect(profilePage, &ProfilePage::newProfileStarted, listModel, &FoodListModel::ForgetHistory);
 
@@ -314,7 +315,7 @@ void MainWindow::BuildCentre()
     ConnectGuarded(mnuCopyToFavorites, &QAction::triggered, database, &DatabaseCommands::CopyToFavorites, &guard_);
     ConnectGuarded(mnuDeleteFromDatabase, &QAction::triggered, database, &DatabaseCommands::DeleteFromDatabase,
                    &guard_);
-    connect(database, &DatabaseCommands::clearListRequested, listModel, &FoodListModel::ClearList);
+    connect(database, &DatabaseCommands::clearListRequested, listModel, [this] { listModel->ClearList(); });
     connect(database, &DatabaseCommands::dishSaved, this, [this] { mnuSaveAsDish->setEnabled(false); });
     connect(database, &DatabaseCommands::deleteRefused, this, [this] { mnuDeleteFromDatabase->setEnabled(false); });
 }
