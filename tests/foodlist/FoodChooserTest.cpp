@@ -53,13 +53,12 @@ struct Chooser {
         folder.Write("pw.hlp", "help");
         session.foodTable = std::move(table);
         session.dailyValues = {2000, 50, 300, 65, 300, 25, 800, 2400};
-        page = std::make_unique<FoodChooserPage>(session, fakes.seams, nullptr, [this] { return byUnits; });
+        page = std::make_unique<FoodChooserPage>(session, fakes.seams);
         QObject::connect(page.get(), &FoodChooserPage::copyToFavoritesAvailable, [this](bool on) { copyToFavorites = on; });
         QObject::connect(page.get(), &FoodChooserPage::deleteFromDatabaseAvailable,
                          [this](bool on) { deleteFromDatabase = on; });
         page->RebuildTierMap();
         page->FillQuantityList();
-        page->SetUnitCaptions(!byUnits);
         page->NewItem();
     }
 
@@ -143,7 +142,6 @@ struct Chooser {
     TempFolder folder;
     FakeSeams fakes;
     FoodSession session;
-    bool byUnits = true;
     bool copyToFavorites = false;
     bool deleteFromDatabase = false;
     std::unique_ptr<FoodChooserPage> page;
@@ -294,7 +292,7 @@ private slots:
         };
         for (const auto& [food, quantity, byUnits, protein, calories, unit] : cases) {
             Chooser c;
-            c.byUnits = byUnits;
+            c.page->SetUnitCaptions(!byUnits);
             c.Choose(food);
             c.Enter(quantity);
             QVERIFY(c.Messages().empty());

@@ -53,9 +53,8 @@ constexpr int kDefaultQuantityEntry = 9;
 
 }  // namespace
 
-FoodChooserPage::FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard,
-                           std::function<bool()> viewByUnits, QWidget* parent)
-    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams), viewByUnits_(std::move(viewByUnits))
+FoodChooserPage::FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
+    : QWidget(parent), guard(errorGuard), session_(session), seams_(seams)
 {
     BuildControls();
 
@@ -173,8 +172,6 @@ void FoodChooserPage::BuildControls()
         setTabOrder(order[i - 1], order[i]);
 }
 
-bool FoodChooserPage::ViewByUnits() const { return viewByUnits_ ? viewByUnits_() : true; }
-
 QComboBox* FoodChooserPage::TierCombo(int tier) const
 {
     const std::array<QComboBox*, 4> combos = {comTier0, comTier1, comTier2, comTier3};
@@ -233,6 +230,7 @@ void FoodChooserPage::FillQuantityList()
 
 void FoodChooserPage::SetUnitCaptions(bool byDV)
 {
+    byUnits_ = !byDV;
     for (int i = 0; i < 8; ++i)
         labNutrUnit[i]->setText(QString::fromLatin1(byDV ? texts::kUnitDV : kViewChangeUnits[i]));
 }
@@ -500,7 +498,7 @@ void FoodChooserPage::DisableItemInfo()
 
 void FoodChooserPage::EnableUnits()
 {
-    const bool byUnits = ViewByUnits();
+    const bool byUnits = byUnits_;
     for (int i = 0; i < 8; ++i) {
         labNutr[i]->setEnabled(true);
         labNutrVal[i]->setEnabled(true);
@@ -525,7 +523,7 @@ void FoodChooserPage::DisplayFoodNutrients(int index)
         ScaleNutrients(session_.foodTable.Values(index), state.currentQuantity, session_.dailyValues);
     state.currentNutrients = scaled.amounts;
     state.currentPercents = scaled.percents;
-    const bool byUnits = ViewByUnits();
+    const bool byUnits = byUnits_;
     for (int i = 0; i < 8; ++i)
         labNutrVal[i]->setText(QString::number(byUnits ? scaled.amounts[i] : scaled.percents[i]));
 }

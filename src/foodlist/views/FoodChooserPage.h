@@ -3,7 +3,6 @@
 // quantity box and the nutrient panel of the chosen food.
 #include <QWidget>
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,10 +36,9 @@ signals:
 
 public:
     // guard: where run-time errors of this page's handlers go (none for a
-    // page built on its own, whose errors reach its caller). viewByUnits
-    // tells amounts (true, and when not given) from percents of DV.
-    FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr,
-                 std::function<bool()> viewByUnits = {}, QWidget* parent = nullptr);
+    // page built on its own, whose errors reach its caller). The page shows
+    // amounts until SetUnitCaptions asks for percents of DV.
+    FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
     ErrorGuard* const guard;
 
@@ -48,8 +46,9 @@ public:
     void RebuildTierMap();
     // The 17 quantity choices, " 1" selected.
     void FillQuantityList();
-    // Unit captions of the nutrient panel as a change of view sets them:
-    // "%DV" on all eight, or the amount units.
+    // The view changed: the nutrient panel's unit captions as a change of
+    // view sets them, "%DV" on all eight or the amount units, and the values
+    // shown from now on.
     void SetUnitCaptions(bool byDV);
 
     // A choice at a tier: builds the next tier's list and resets everything
@@ -125,12 +124,11 @@ private:
     void btnSearch_Click();
     void comQuantity_Click();
     void comQuantity_KeyUp();
-    bool ViewByUnits() const;
     QComboBox* TierCombo(int tier) const;
 
     FoodSession& session_;
     Seams& seams_;
-    std::function<bool()> viewByUnits_;
+    bool byUnits_ = true;  // amounts, not percents of DV
 
     // The controls; each one's objectName is its member name (the arrays'
     // are "labTier0", "labNutrVal0", ...).

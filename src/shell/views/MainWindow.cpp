@@ -244,7 +244,7 @@ void MainWindow::BuildCentre()
     tabMain = new QTabWidget(centre);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     profilePage = new ProfilePage(session_, seams_, &guard_, tabMain);
-    chooserPage = new FoodChooserPage(session_, seams_, &guard_, [this] { return ViewByUnits(); }, tabMain);
+    chooserPage = new FoodChooserPage(session_, seams_, &guard_, tabMain);
     // Window-modal over the main window: nothing there takes input while
     // the search dialog is open.
     connect(chooserPage, &FoodChooserPage::searchRequested, this, [this] {
