@@ -3,6 +3,7 @@
 # tests; the chooser and the list's grid as window tests, on small tables and
 # on the delivered database.
 add_executable(foodlist_model_tests
+  foodlist/ChooserStageTest.cpp
   foodlist/FoodListTest.cpp
   foodlist/QuantityTest.cpp
   foodlist/TierMapTest.cpp

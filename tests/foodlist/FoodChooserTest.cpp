@@ -409,25 +409,6 @@ private slots:
             QVERIFY(c.Messages().empty());
         }
     }
-
-    void DisableTiersAndEnableTiersResetTheChooser()
-    {
-        Chooser c;
-        c.Choose(kButterTbsp);
-        c.Enter(QStringLiteral("3"));
-        c.page->DisableTiers();
-        QVERIFY(!c.On(c.Tier(0)) && !c.On(c.Lab("labTier", 0)) && c.Tier(0)->currentIndex() == -1);
-        QVERIFY(!c.On(c.Btn("btnAcceptItem")) && !c.On(c.Btn("btnSearch")));
-        c.VerifyResetBelow(0);
-        QCOMPARE(c.Items(1), QStringList());
-        QCOMPARE(c.Qty()->currentText(), QStringLiteral(" 1"));
-
-        c.page->EnableTiers();
-        for (int t = 0; t < 4; ++t)
-            QVERIFY(c.On(c.Tier(t)) && c.On(c.Lab("labTier", t)) && (t == 0 || c.Items(t).isEmpty()));
-        QVERIFY(c.On(c.Qty()) && c.On(c.Lab("labOf")) && c.On(c.Btn("btnAcceptItem")));
-        QVERIFY(!c.On(c.Lab("labNutrVal", 0)) && c.Lab("labNutrVal", 0)->text().isEmpty() && !c.deleteFromDatabase);
-    }
 };
 
 QTEST_MAIN(FoodChooserTest)

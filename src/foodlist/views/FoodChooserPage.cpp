@@ -75,7 +75,6 @@ FoodChooserPage::FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard*
     comQuantity->lineEdit()->installEventFilter(this);
 
     DisableTiers();
-    btnDeleteItem->setEnabled(false);
 }
 
 void FoodChooserPage::BuildControls()
@@ -178,11 +177,7 @@ QComboBox* FoodChooserPage::TierCombo(int tier) const
     return combos.at(static_cast<std::size_t>(tier));
 }
 
-QString FoodChooserPage::TierText(int tier) const { return TierCombo(std::clamp(tier, 0, 3))->currentText(); }
-
-int FoodChooserPage::MeasureCount() const { return comTier3->count(); }
-
-bool FoodChooserPage::FoodChosen() const { return labNutrVal[0]->isEnabledTo(this); }
+bool FoodChooserPage::FoodChosen() const { return session_.chooser.stage.valuesShown; }
 
 void FoodChooserPage::RebuildTierMap() { SetGroupList(RebuildGroupColumn(session_.foodTable, session_.tierMap)); }
 
@@ -208,14 +203,45 @@ void FoodChooserPage::FillTier(int tier, int position)
 void FoodChooserPage::FollowChoice(int tier)
 {
     QComboBox* above = TierCombo(tier - 1);
-    QComboBox* combo = TierCombo(tier);
     const bool chosen = !above->currentText().isEmpty();
-    labTier[tier]->setEnabled(chosen);
-    combo->setEnabled(chosen);
+    Stage().UpperTierChosen(tier - 1, chosen);
     if (chosen)
         FillTier(tier, above->currentIndex());
     else
-        combo->clear();
+        TierCombo(tier)->clear();
+    for (int t = tier + 1; t < 4; ++t)
+        TierCombo(t)->clear();
+    session_.chooser.measureCount = 0;
+    ClearValues();
+    ShowStage();
+}
+
+ChooserStage& FoodChooserPage::Stage() { return session_.chooser.stage; }
+
+void FoodChooserPage::ShowStage()
+{
+    const ChooserStage& stage = session_.chooser.stage;
+    for (int t = 0; t < 3; ++t)
+        labTier[t]->setEnabled(stage.tierOpen[t]);
+    for (int t = 0; t < 4; ++t)
+        TierCombo(t)->setEnabled(stage.tierOpen[t]);
+    for (QWidget* quantity : {static_cast<QWidget*>(labTier[3]), static_cast<QWidget*>(labOf),
+                              static_cast<QWidget*>(comQuantity)})
+        quantity->setEnabled(stage.quantityOpen);
+    for (int i = 0; i < 8; ++i)
+        for (QLabel* label : {labNutr[i], labNutrVal[i], labNutrUnit[i]})
+            label->setEnabled(stage.valuesShown);
+    btnAcceptItem->setEnabled(stage.acceptOffered);
+    btnSearch->setEnabled(stage.searchOffered);
+    btnDeleteItem->setEnabled(stage.rowLoaded);
+    emit copyToFavoritesAvailable(stage.measureChosen);
+    emit deleteFromDatabaseAvailable(stage.foodShown);
+}
+
+void FoodChooserPage::ClearValues()
+{
+    for (QLabel* value : labNutrVal)
+        value->clear();
 }
 
 void FoodChooserPage::FillQuantityList()
@@ -237,31 +263,20 @@ void FoodChooserPage::SetUnitCaptions(bool byDV)
 
 void FoodChooserPage::ResetMeasureTier()
 {
-    labTier[3]->setEnabled(false);
     comTier3->clear();
     session_.chooser.measureCount = 0;
-    comTier3->setEnabled(false);
-    labOf->setEnabled(false);
-    comQuantity->setEnabled(false);
-    emit copyToFavoritesAvailable(false);
-    DisableItemInfo();
+    Stage().MeasureTierClosed();
+    ClearValues();
+    ShowStage();
 }
 
-void FoodChooserPage::ProcessTier0()
-{
-    FollowChoice(1);
-    labTier[2]->setEnabled(false);
-    comTier2->clear();
-    comTier2->setEnabled(false);
-    ResetMeasureTier();
-}
+void FoodChooserPage::ProcessTier0() { FollowChoice(1); }
 
 void FoodChooserPage::ProcessTier1()
 {
     FollowChoice(2);
     if (comTier2->count() == 0 && comTier0->currentText() == QLatin1String(kFavoritesGroup.data(), kFavoritesGroup.size()))
         AskAboutEmptyFavorites();
-    ResetMeasureTier();
 }
 
 void FoodChooserPage::AskAboutEmptyFavorites()
@@ -280,39 +295,30 @@ void FoodChooserPage::ProcessTier2()
         ResetMeasureTier();
         return;
     }
-    comTier3->setEnabled(true);
     FillTier(3, comTier2->currentIndex());
+    Stage().DescriptionChosen();
+    ClearValues();
+    ShowStage();
     if (comTier3->count() == 1) {
         comTier3->setCurrentIndex(0);
         ProcessTier3();
-    } else {
-        comQuantity->setEnabled(false);
-        labTier[3]->setEnabled(false);
-        emit copyToFavoritesAvailable(false);
-        labOf->setEnabled(false);
-        DisableItemInfo();
     }
 }
 
 void FoodChooserPage::ProcessTier3()
 {
-    if (comTier3->currentText().isEmpty()) {
-        comQuantity->setEnabled(false);
-        labTier[3]->setEnabled(false);
-        labOf->setEnabled(false);
-        emit copyToFavoritesAvailable(false);
-        DisableItemInfo();
+    const bool chosen = !comTier3->currentText().isEmpty();
+    Stage().MeasureChosen(chosen);
+    if (!chosen) {
+        ClearValues();
+        ShowStage();
         return;
     }
     // The food is found by its position in the run, not by its text.
     session_.chooser.currentFood =
         AddInt16(session_.tierMap.Get(0, 3), static_cast<std::int16_t>(comTier3->currentIndex()));
-    comQuantity->setEnabled(true);
-    labTier[3]->setEnabled(true);
-    labOf->setEnabled(true);
-    EnableItemInfo();
+    ShowStage();
     ProcessData();
-    emit copyToFavoritesAvailable(true);
 }
 
 void FoodChooserPage::ProcessTier(int tier)
@@ -344,48 +350,21 @@ void FoodChooserPage::NewItem()
     session_.chooser.addingNewItem = true;
     btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionAddToList));
     DisableTiers();
-    comTier0->setEnabled(true);
-    labTier[0]->setEnabled(true);
-    btnSearch->setEnabled(true);
-    btnDeleteItem->setEnabled(false);
+    Stage().StartNewItem();
+    ShowStage();
 }
 
 void FoodChooserPage::DisableTiers()
 {
     comTier0->setCurrentIndex(-1);
-    comTier0->setEnabled(false);
-    labTier[0]->setEnabled(false);
-    for (QComboBox* combo : {comTier1, comTier2, comTier3}) {
+    for (QComboBox* combo : {comTier1, comTier2, comTier3})
         combo->clear();
-        combo->setEnabled(false);
-    }
     session_.chooser.measureCount = 0;
-    for (int t = 1; t < 4; ++t)
-        labTier[t]->setEnabled(false);
-    labOf->setEnabled(false);
     // Back to the quantity offered at start-up.
     comQuantity->setCurrentIndex(comQuantity->count() > kDefaultQuantityEntry ? kDefaultQuantityEntry : -1);
-    comQuantity->setEnabled(false);
-    DisableItemInfo();
-    btnAcceptItem->setEnabled(false);
-    btnSearch->setEnabled(false);
-    emit copyToFavoritesAvailable(false);
-}
-
-void FoodChooserPage::EnableTiers()
-{
-    comTier0->setEnabled(true);
-    for (QLabel* label : labTier)
-        label->setEnabled(true);
-    for (QComboBox* combo : {comTier1, comTier2, comTier3}) {
-        combo->clear();
-        combo->setEnabled(true);
-    }
-    session_.chooser.measureCount = 0;
-    labOf->setEnabled(true);
-    comQuantity->setEnabled(true);
-    DisableItemInfo();
-    btnAcceptItem->setEnabled(true);
+    ClearValues();
+    Stage().CloseAll();
+    ShowStage();
 }
 
 FoodChooserPage::ChoiceTexts FoodChooserPage::CurrentChoice() const
@@ -394,42 +373,30 @@ FoodChooserPage::ChoiceTexts FoodChooserPage::CurrentChoice() const
             ToLatin1(comTier2->currentText()), ToLatin1(comTier3->currentText())};
 }
 
-bool FoodChooserPage::RowLoaded() const { return btnDeleteItem->isEnabled(); }
-
-void FoodChooserPage::ResetAfterAccept()
-{
-    btnAcceptItem->setEnabled(false);
-    btnDeleteItem->setEnabled(false);
-    btnSearch->setEnabled(false);
-    DisableTiers();
-}
+bool FoodChooserPage::RowLoaded() const { return session_.chooser.stage.rowLoaded; }
 
 void FoodChooserPage::ForgetRow()
 {
-    btnDeleteItem->setEnabled(false);
+    Stage().ForgetRow();
     DisableTiers();
-}
-
-void FoodChooserPage::ShowNoRow()
-{
-    btnDeleteItem->setEnabled(false);
-    btnSearch->setEnabled(false);
-    DisableTiers();
-    DisableItemInfo();
 }
 
 void FoodChooserPage::LoadListEntry(const FoodListEntry& entry, bool byUnits)
 {
     btnAcceptItem->setText(QString::fromLatin1(texts::kCaptionChange));
-    btnSearch->setEnabled(true);
-    btnDeleteItem->setEnabled(true);
-    EnableTiers();
+    for (QComboBox* combo : {comTier1, comTier2, comTier3})
+        combo->clear();
+    session_.chooser.measureCount = 0;
+    ClearValues();
+    Stage().LoadRow();
+    ShowStage();
     // The quantity goes in before the tiers are shown, so that the measure's
     // values are scaled by the row's own quantity: "Change" without an edit
     // stores the quantity the row shows.
     comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
     RecreateTiers(entry.foodIndex);
-    EnableItemInfo();
+    Stage().ShowRowValues();
+    ShowStage();
     comQuantity->setEditText(QString::fromLatin1(entry.quantityText));
     for (int i = 0; i < kShownNutrients; ++i)
         labNutrVal[i]->setText(QString::number(byUnits ? entry.amounts[i] : entry.percents[i]));
@@ -441,9 +408,9 @@ void FoodChooserPage::ShowFoundFood(int index)
     // Clearing the measure is a choice at that tier, as a pick would be.
     comTier3->setCurrentIndex(-1);
     ProcessTier3();
-    btnAcceptItem->setEnabled(false);
     btnAcceptItem->setText(QString::fromLatin1(texts::kSearchAcceptItemCaption));
-    btnDeleteItem->setEnabled(false);
+    Stage().ShowFound();
+    ShowStage();
 }
 
 void FoodChooserPage::RecreateTiers(int index)
@@ -464,55 +431,14 @@ void FoodChooserPage::RecreateTiers(int index)
         // The selection is a choice at this tier, as a pick would be.
         combo->setCurrentIndex(position);
         ProcessTier(tier);
-        labTier[tier]->setEnabled(true);
-        combo->setEnabled(true);
+        Stage().tierOpen[static_cast<std::size_t>(tier)] = true;
+        ShowStage();
         // A record not listed at this tier (the empty-description record that
         // keeps an empty group) has nothing below it to show.
         if (position < 0)
             return;
         if (tier < 3)
             FillTier(tier + 1, position);
-    }
-}
-
-void FoodChooserPage::EnableItemInfo()
-{
-    emit deleteFromDatabaseAvailable(true);
-    for (int i = 0; i < 8; ++i) {
-        labNutr[i]->setEnabled(true);
-        labNutrVal[i]->setEnabled(true);
-        labNutrUnit[i]->setEnabled(true);
-    }
-}
-
-void FoodChooserPage::DisableItemInfo()
-{
-    emit deleteFromDatabaseAvailable(false);
-    for (int i = 0; i < 8; ++i) {
-        labNutr[i]->setEnabled(false);
-        labNutrVal[i]->setEnabled(false);
-        labNutrUnit[i]->setEnabled(false);
-        labNutrVal[i]->clear();
-    }
-}
-
-void FoodChooserPage::EnableUnits()
-{
-    const bool byUnits = byUnits_;
-    for (int i = 0; i < 8; ++i) {
-        labNutr[i]->setEnabled(true);
-        labNutrVal[i]->setEnabled(true);
-        labNutrUnit[i]->setEnabled(true);
-        labNutrUnit[i]->setText(QString::fromLatin1(byUnits ? kQuantityUnits[i] : texts::kUnitDV));
-    }
-}
-
-void FoodChooserPage::DisableUnits()
-{
-    for (int i = 0; i < 8; ++i) {
-        labNutr[i]->setEnabled(false);
-        labNutrVal[i]->setEnabled(false);
-        labNutrUnit[i]->setEnabled(false);
     }
 }
 
@@ -531,30 +457,25 @@ void FoodChooserPage::DisplayFoodNutrients(int index)
 void FoodChooserPage::ProcessData()
 {
     ChooserState& state = session_.chooser;
-    if (comQuantity->isEnabledTo(this)) {
+    if (state.stage.quantityOpen) {
         // A copy: the box keeps the text as typed, which the list stores.
         std::string text = comQuantity->currentText().toLatin1().toStdString();
         state.currentQuantity = ParseQuantity(text);
     }
-    const float quantity = state.currentQuantity;
-    if (quantity < 0.0f) {
-        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityInputError),
+    const QuantityVerdict verdict = JudgeQuantity(state.currentQuantity);
+    if (verdict == QuantityVerdict::Refused || verdict == QuantityVerdict::TooLarge) {
+        const bool refused = verdict == QuantityVerdict::Refused;
+        seams_.prompts.Message(QString::fromLatin1(refused ? texts::kQuantityInputError : texts::kQuantityLimit),
                                QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
         comQuantity->setEditText(QString());
-        DisableUnits();
-    } else if (quantity > kMaxQuantity) {
-        seams_.prompts.Message(QString::fromLatin1(texts::kQuantityLimit),
-                               QString::fromLatin1(texts::kTitleInputError), MsgIcon::Exclamation);
-        comQuantity->setEditText(QString());
-        DisableUnits();
-    } else if (quantity == 0.0f) {  // nothing from 100 up gets this far
-        DisableUnits();
-        btnAcceptItem->setEnabled(false);
-    } else {
-        EnableUnits();
-        btnAcceptItem->setEnabled(true);
+    }
+    state.stage.QuantityJudged(verdict);
+    if (verdict == QuantityVerdict::Valid) {
+        for (int i = 0; i < 8; ++i)
+            labNutrUnit[i]->setText(QString::fromLatin1(byUnits_ ? kQuantityUnits[i] : texts::kUnitDV));
         DisplayFoodNutrients(state.currentFood);
     }
+    ShowStage();
 }
 
 void FoodChooserPage::comQuantity_Click() { ProcessData(); }

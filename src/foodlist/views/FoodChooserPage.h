@@ -59,10 +59,9 @@ public:
     void ProcessTier3();
     // Starts choosing a food to add to the list.
     void NewItem();
-    // Nothing chosen: every tier, the quantity and the panel disabled.
+    // Nothing chosen: every tier, the quantity and the panel disabled; a
+    // loaded row stays loaded.
     void DisableTiers();
-    // Every tier enabled, for changing a row of the list.
-    void EnableTiers();
     // Selects the food at a FoodTable index in the four tiers.
     void RecreateTiers(int index);
     // A food found by the search dialog: shown in the tiers without a
@@ -77,31 +76,20 @@ public:
     ChoiceTexts CurrentChoice() const;
     // A row is loaded, so "Delete from List" applies to it.
     bool RowLoaded() const;
-    // After "Add to List"/"Change": nothing chosen, no command but New Item.
-    void ResetAfterAccept();
-    // The loaded row is gone (deleted, or the list cleared).
+    // No row loaded (it changed or is gone, or no row was clicked): nothing
+    // chosen, no command but New Item.
     void ForgetRow();
-    // A click on no row of the list: nothing chosen and no values shown.
-    void ShowNoRow();
     // A row of the list to look at or change: its food in the tiers, its
     // quantity as typed and its stored values (amounts, or percents).
     void LoadListEntry(const FoodListEntry& entry, bool byUnits);
-    void EnableItemInfo();
-    void DisableItemInfo();
-    void EnableUnits();
-    void DisableUnits();
     // Scales the food's values by the current quantity into the chooser
     // state and shows amounts or percents as the view asks.
     void DisplayFoodNutrients(int index);
     // Parses the quantity box and enables or refuses it.
     void ProcessData();
 
-    // True while a food is chosen (its nutrient values are enabled).
+    // True while a food's values are shown.
     bool FoodChosen() const;
-    // The text shown at a tier (0 group .. 3 measure), and how many measures
-    // the measure tier lists.
-    QString TierText(int tier) const;
-    int MeasureCount() const;
 
 
 protected:
@@ -109,6 +97,11 @@ protected:
 
 private:
     void BuildControls();
+    ChooserStage& Stage();
+    // The one routine that shows the stage: every control's enabled state
+    // and the availability of the commands on the chosen food.
+    void ShowStage();
+    void ClearValues();
     void SetGroupList(const std::vector<std::string>& groups);
     // Refills a tier's combo from the run chosen at the tier above, with no
     // entry selected.

@@ -195,7 +195,7 @@ void FoodListGrid::gridMain_Click(int row)
     FoodList& list = session_.foodList;
     list.selectedRow = static_cast<std::int16_t>(row);
     if (row < 1 || row > list.Count()) {
-        chooser_.ShowNoRow();
+        chooser_.ForgetRow();
         grid_.clearSelection();
         return;
     }
