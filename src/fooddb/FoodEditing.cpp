@@ -6,6 +6,16 @@
 
 namespace pw {
 
+void FieldsFilled::Set(int field, bool filled)
+{
+    if (field < 0 || field >= kFirstNutrientField + kCustomNutrients)
+        throw RunTimeError(ErrorKind::SubscriptRange, "field " + std::to_string(field));
+    if (filled)
+        mask |= 1 << field;
+    else
+        mask &= ~(1 << field);
+}
+
 std::int16_t FoodInserter::InsertFood(FoodTable& table, std::string group, std::string& subgroup,
                                       std::string& description, std::string& measure, NutrientValues values)
 {

@@ -67,6 +67,17 @@ inline constexpr std::array<const char*, kCustomNutrients> kCustomUnitTexts = {"
 // Fields-filled mask: bit 0 description, bit 1 measure, bits 2..8 the
 // nutrient boxes; Add is offered at exactly this value.
 inline constexpr std::int32_t kAllFieldsFilled = 511;
+inline constexpr int kDescriptionField = 0;
+inline constexpr int kMeasureField = 1;
+inline constexpr int kFirstNutrientField = 2;
+
+// Which of the add dialog's fields are filled, and whether Add is offered.
+struct FieldsFilled {
+    std::int32_t mask = 0;
+    // field: kDescriptionField, kMeasureField or kFirstNutrientField + row.
+    void Set(int field, bool filled);
+    bool AddOffered() const { return mask == kAllFieldsFilled; }
+};
 
 // The value of one row: the number at the start of the text (none gives 0)
 // rounded half to even; as %DV that number times the row's daily value over

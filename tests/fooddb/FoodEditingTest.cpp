@@ -234,5 +234,36 @@ TEST(FoodEditing, CapitalizeFirst)
         EXPECT_EQ(CapitalizeFirst(in), out) << in;
 }
 
+// Add is offered exactly while all nine fields are filled, whatever the
+// order they were filled and emptied in.
+TEST(FoodEditing, AddIsOfferedWhileEveryFieldIsFilled)
+{
+    const struct {
+        std::vector<std::pair<int, bool>> steps;
+        bool offered;
+    } cases[] = {
+        {{}, false},
+        {{{kDescriptionField, true}, {kMeasureField, true}}, false},
+        {{{kFirstNutrientField + 6, true}}, false},
+        {{{kDescriptionField, true}, {kDescriptionField, false}}, false},
+    };
+    for (const auto& c : cases) {
+        FieldsFilled fields;
+        for (const auto& [field, filled] : c.steps)
+            fields.Set(field, filled);
+        EXPECT_EQ(fields.AddOffered(), c.offered);
+    }
+    FieldsFilled all;
+    for (int field = kFirstNutrientField + kCustomNutrients - 1; field >= 0; --field)
+        all.Set(field, true);
+    EXPECT_TRUE(all.AddOffered());
+    all.Set(kFirstNutrientField + 3, false);
+    EXPECT_FALSE(all.AddOffered());
+    all.Set(kFirstNutrientField + 3, true);
+    all.Set(kMeasureField, true);  // twice filled is filled
+    EXPECT_TRUE(all.AddOffered());
+    EXPECT_THROW(all.Set(kFirstNutrientField + kCustomNutrients, true), RunTimeError);
+}
+
 }  // namespace
 }  // namespace pw

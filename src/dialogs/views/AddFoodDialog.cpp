@@ -33,10 +33,6 @@ constexpr const char* kNutrientCaptions[kCustomNutrients] = {"Protein", "Carbohy
                                                              "Fiber",   "Calcium",       "Sodium"};
 constexpr const char* kPercentCaption = "%DV*";
 
-constexpr int kDescriptionBit = 0;
-constexpr int kMeasureBit = 1;
-constexpr int kFirstNutrientBit = 2;
-
 // The longest text the data file stores in a field.
 constexpr int kMaxTextLength = kMaxTextField;
 // Nutrient boxes take numbers short enough that any of them, as %DV of
@@ -189,7 +185,7 @@ void AddFoodDialog::Form_Activate()
     }
     SetToUnits();
     txtCalories->clear();
-    fieldsFilled_ = 0;
+    fieldsFilled_ = {};
     EnableAdd();
     comPrimary->setFocus();
 }
@@ -240,15 +236,7 @@ void AddFoodDialog::SetToDV()
         labMeasureCaption[i]->setText(QString::fromLatin1(kPercentCaption));
 }
 
-void AddFoodDialog::EnableAdd() { btnAdd->setEnabled(fieldsFilled_ == kAllFieldsFilled); }
-
-void AddFoodDialog::SetFieldFilled(int bit, bool filled)
-{
-    if (filled)
-        fieldsFilled_ |= 1 << bit;
-    else
-        fieldsFilled_ &= ~(1 << bit);
-}
+void AddFoodDialog::EnableAdd() { btnAdd->setEnabled(fieldsFilled_.AddOffered()); }
 
 void AddFoodDialog::comPrimary_Click()
 {
@@ -288,13 +276,13 @@ void AddFoodDialog::comSecondary_Change()
 
 void AddFoodDialog::txtDescription_KeyUp()
 {
-    SetFieldFilled(kDescriptionBit, !txtDescription->text().isEmpty());
+    fieldsFilled_.Set(kDescriptionField, !txtDescription->text().isEmpty());
     EnableAdd();
 }
 
 void AddFoodDialog::txtMeasure_KeyUp()
 {
-    SetFieldFilled(kMeasureBit, !txtMeasure->text().isEmpty());
+    fieldsFilled_.Set(kMeasureField, !txtMeasure->text().isEmpty());
     EnableAdd();
 }
 
@@ -308,7 +296,7 @@ void AddFoodDialog::txtNutrVal_KeyUp(int row)
         box->clear();  // comes back here with the empty box
         return;
     }
-    SetFieldFilled(kFirstNutrientBit + row, !text.isEmpty());
+    fieldsFilled_.Set(kFirstNutrientField + row, !text.isEmpty());
     EnableAdd();
 }
 

@@ -30,7 +30,7 @@ public:
 
     // Bit 0 description, bit 1 measure, bits 2..8 the nutrient boxes that
     // hold a number; Add is offered at kAllFieldsFilled.
-    std::int32_t FieldsFilled() const { return fieldsFilled_; }
+    std::int32_t FieldsFilled() const { return fieldsFilled_.mask; }
 
 private:
     void BuildControls();
@@ -41,7 +41,6 @@ private:
     void SetToUnits();
     void SetToDV();
     void EnableAdd();
-    void SetFieldFilled(int bit, bool filled);
     void comPrimary_Click();
     void comSecondary_Change();
     void txtDescription_KeyUp();
@@ -51,7 +50,7 @@ private:
     void optDV_Click(int row);
     void btnAdd_Click();
 
-    std::int32_t fieldsFilled_ = 0;
+    pw::FieldsFilled fieldsFilled_;
 
     QLabel* labPrimary = nullptr;
     QComboBox* comPrimary = nullptr;
