@@ -4,6 +4,9 @@
 // the anchors "context-N". Every window opens its topic by these names.
 namespace pw {
 
+// The help file, in the program folder.
+inline constexpr const char* kHelpFileName = "pw.hlp";
+
 enum HelpTopicNumber : int {
     kTopicContents = 0,
     kTopicQuickTutorial = 1,

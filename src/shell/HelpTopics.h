@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-namespace pw {
+#include "core/HelpContexts.h"
 
-inline constexpr const char* kHelpFileName = "pw.hlp";
+namespace pw {
 
 struct HelpTopic {
     int context;

@@ -7,6 +7,8 @@
 // them in a per-user folder instead, created and seeded on the first start.
 #include <string>
 
+#include "core/HelpContexts.h"
+
 namespace pw {
 
 // Where the choice is made from.
@@ -25,7 +27,7 @@ inline constexpr const char* kUserFolderName = "Platewell";
 inline constexpr const char* kSeededOnce[] = {"data.dat", "tips.txt"};
 // The delivered files that belong to the program, brought up to date
 // whenever the delivered copy differs: the help file and its pictures.
-inline constexpr const char* kKeptCurrent[] = {"pw.hlp", "help"};
+inline constexpr const char* kKeptCurrent[] = {kHelpFileName, "help"};
 
 // The folder for places: the executable's own folder when it can be written
 // and the program is not installed; otherwise dataHome/Platewell, created and

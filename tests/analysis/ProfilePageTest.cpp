@@ -248,7 +248,7 @@ private slots:
         p.Click("btnTab1Help");
         QCOMPARE(p.fakes.help.calls.size(), size_t(1));
         const HelpCall& help = p.fakes.help.calls[0];
-        QVERIFY(help.file == Q(p.folder.File("Pw.hlp")) && help.command == kHelpContext && help.context == 2);
+        QVERIFY(help.file == Q(p.folder.File("pw.hlp")) && help.command == kHelpContext && help.context == 2);
     }
 
     void SwitchingUnitsShowsTheStoredValuesRounded()

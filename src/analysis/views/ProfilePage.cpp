@@ -391,7 +391,7 @@ void ProfilePage::btnNewProfile_Click()
 
 void ProfilePage::btnTab1Help_Click()
 {
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
+    OpenHelp(seams_.help, session_.programFolder, kHelpContext,
                          kTopicProfile);
 }
 

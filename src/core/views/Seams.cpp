@@ -1,5 +1,7 @@
 #include "core/views/Seams.h"
 
+#include "core/HelpContexts.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -15,6 +17,11 @@ QString InFolder(const std::string& folder, const QString& name)
     if (!found.empty())
         return QString::fromStdString(found);
     return QDir(QString::fromStdString(folder)).filePath(name);
+}
+
+void OpenHelp(HelpDisplay& help, const std::string& programFolder, int command, std::optional<int> context)
+{
+    help.ShowHelp(InFolder(programFolder, QString::fromLatin1(kHelpFileName)), command, context);
 }
 
 bool SaveOrTell(Prompts& prompts, const QString& title, const std::function<void()>& save, bool offerRetry)

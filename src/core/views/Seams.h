@@ -88,9 +88,12 @@ struct Seams {
 };
 
 // The path of the file name in the program folder: an existing file whose
-// name differs only in case is taken (the program spells its help file both
-// "pw.hlp" and "Pw.hlp"), else folder + "/" + name.
+// name differs only in case is taken, else folder + "/" + name.
 QString InFolder(const std::string& folder, const QString& name);
+
+// Opens the program folder's help file at a topic: the one way every window
+// asks for help.
+void OpenHelp(HelpDisplay& help, const std::string& programFolder, int command, std::optional<int> context);
 
 // Runs save, a write of one file. When the file cannot be written the user is
 // told which file and the system's reason; with offerRetry the message offers

@@ -32,7 +32,7 @@ void FoodTableDialog::btnCancel_Click() { QDialog::reject(); }
 
 void FoodTableDialog::btnHelp_Click()
 {
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext, helpContext_);
+    OpenHelp(seams_.help, session_.programFolder, kHelpContext, helpContext_);
 }
 
 void FoodTableDialog::showEvent(QShowEvent* event)

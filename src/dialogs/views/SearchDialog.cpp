@@ -287,7 +287,7 @@ void SearchDialog::reject()
 
 void SearchDialog::btnHelp_Click()
 {
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
+    OpenHelp(seams_.help, session_.programFolder, kHelpContext,
                          kTopicSearch);
 }
 

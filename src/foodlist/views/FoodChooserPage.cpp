@@ -285,7 +285,7 @@ void FoodChooserPage::AskAboutEmptyFavorites()
                                                     QString::fromLatin1(texts::kTitleCategoryEmpty),
                                                     MsgIcon::Question, MsgButtons::YesNo);
     if (answer == MsgResult::Yes)
-        seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("Pw.hlp")), kHelpContext,
+        OpenHelp(seams_.help, session_.programFolder, kHelpContext,
                              kTopicFavoritesAndDishes);
 }
 

@@ -200,15 +200,14 @@ void MainWindow::BuildMenus()
     ConnectGuarded(mnuViewByUnits, &QAction::triggered, this, [this] { SetViewMode(false); }, &guard_);
     ConnectGuarded(mnuViewByDV, &QAction::triggered, this, [this] { SetViewMode(true); }, &guard_);
 
-    auto help = [this](QAction* action, const char* file, int command, std::optional<int> context) {
-        connect(action, &QAction::triggered, this,
-                [this, file, command, context] { ShowHelpTopic(file, command, context); });
+    auto help = [this](QAction* action, int command, std::optional<int> context) {
+        connect(action, &QAction::triggered, this, [this, command, context] { ShowHelpTopic(command, context); });
     };
-    help(mnuQuickTutorial, "pw.hlp", kHelpContext, kTopicQuickTutorial);
-    help(mnuHelpContents, "pw.hlp", kHelpContext, kTopicContents);
-    help(mnuHelpIndex, "pw.hlp", kHelpIndex, kTopicQuickTutorial);
-    help(mnuHelpOnHelp, "pw.hlp", kHelpHelpOnHelp, std::nullopt);
-    help(mnuTechSupport, "pw.hlp", kHelpContext, kTopicTechnicalSupport);
+    help(mnuQuickTutorial, kHelpContext, kTopicQuickTutorial);
+    help(mnuHelpContents, kHelpContext, kTopicContents);
+    help(mnuHelpIndex, kHelpIndex, kTopicQuickTutorial);
+    help(mnuHelpOnHelp, kHelpHelpOnHelp, std::nullopt);
+    help(mnuTechSupport, kHelpContext, kTopicTechnicalSupport);
 }
 
 void MainWindow::BuildEditMenu()
@@ -269,14 +268,14 @@ void MainWindow::BuildCentre()
     connect(profilePage, &ProfilePage::profileValidated, this,
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(chooserPage, &FoodChooserPage::helpRequested, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
+            [this] { ShowHelpTopic(kHelpContext, kTopicFoodList); });
     connect(analysisPage, &AnalysisPage::helpRequested, this,
-            [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
+            [this] { ShowHelpTopic(kHelpContext, kTopicAnalysis); });
     // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
     auto* helpKey = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(helpKey, &QShortcut::activated, this,
             [this] {
-                ShowHelpTopic("Pw.hlp", kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2));
+                ShowHelpTopic(kHelpContext, kTopicProfile + std::clamp(tabMain->currentIndex(), 0, 2));
             });
 
     gridMain = new QTableView(centre);
@@ -393,7 +392,7 @@ void MainWindow::Form_Load()
         session_.tutorialPending = false;
         if (seams_.prompts.Message(QString::fromLatin1(kTutorialQuestion), QString::fromLatin1(kTutorialTitle),
                                    MsgIcon::Question, MsgButtons::YesNo) == MsgResult::Yes)
-            seams_.help.ShowHelp(InFolder(session_.programFolder, QStringLiteral("pw.hlp")), kHelpContext,
+            OpenHelp(seams_.help, session_.programFolder, kHelpContext,
                                  kTopicQuickTutorial);
     }
 }
@@ -480,9 +479,9 @@ void MainWindow::OnProfileValidated(bool valid)
     RefreshChart();
 }
 
-void MainWindow::ShowHelpTopic(const char* file, int command, std::optional<int> context)
+void MainWindow::ShowHelpTopic(int command, std::optional<int> context)
 {
-    seams_.help.ShowHelp(InFolder(session_.programFolder, QString::fromLatin1(file)), command, context);
+    OpenHelp(seams_.help, session_.programFolder, command, context);
 }
 
 void MainWindow::OpenDocument(const QString& path)

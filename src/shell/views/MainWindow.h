@@ -78,7 +78,7 @@ private:
     void ShowDailyIntake(IntakeStyle style);
     void Form_Resize();
     void OnProfileValidated(bool valid);
-    void ShowHelpTopic(const char* file, int command, std::optional<int> context);
+    void ShowHelpTopic(int command, std::optional<int> context);
     void mnuShowTip_Click();
     void mnuAbout_Click();
     void mnuList_Click();
