@@ -666,7 +666,7 @@ private slots:
         };
 
         // The profile, box by box through the labels' mnemonics.
-        for (auto [mnemonic, text] : {std::pair{Qt::Key_N, "Ann"}, {Qt::Key_Y, "62"}, {Qt::Key_E, "64"},
+        for (auto [mnemonic, text] : {std::pair{Qt::Key_N, "Ann"}, {Qt::Key_Y, "62"}, {Qt::Key_I, "64"},
                                       {Qt::Key_G, "130"}}) {
             key(mnemonic, Qt::AltModifier);
             type(text);
@@ -695,8 +695,29 @@ private slots:
             type(quantity);
             key(Qt::Key_Return);
         }
+        // Enter on the measure adds the food as Enter on the quantity does;
+        // Ctrl+F opens the search while a food may be chosen.
+        QVERIFY(tabTo(btnNewItem));
+        key(Qt::Key_Space);
+        key(Qt::Key_F, Qt::ControlModifier);
+        QTRY_VERIFY(w.findChild<QDialog*>(QStringLiteral("frmSearch")));  // the button's click is animated
+        auto* search = w.findChild<QDialog*>(QStringLiteral("frmSearch"));
+        QVERIFY(search->isVisible());
+        QTest::keyClick(search, Qt::Key_Escape);
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QCOMPARE(focus(), comTier[0]);
+        QVERIFY(pick(comTier[0], "Fruits"));
+        key(Qt::Key_Tab);
+        QVERIFY(pick(comTier[1], "Apples"));
+        key(Qt::Key_Tab);
+        QVERIFY(pick(comTier[2], "Raw, with skin"));
+        key(Qt::Key_Tab);
+        QVERIFY(pick(comTier[3], "1 medium"));
+        key(Qt::Key_Return);
         const FoodList& list = program.session.foodList;
-        QCOMPARE(list.Count(), 2);
+        QCOMPARE(list.Count(), 3);
+        QCOMPARE(list.Entry(3).quantityText, std::string(" 1"));
         QCOMPARE(list.Entry(1).quantityText, std::string("2-1/2"));
         QCOMPARE(list.Entry(1).amounts[2], 62);  // 2.5 x 25 g carbohydrates, half to even
         QCOMPARE(list.Entry(2).quantityText, std::string("1/3"));
@@ -712,7 +733,7 @@ private slots:
         QCOMPARE(btnAcceptItem->text(), QStringLiteral("Change"));
         program.fakes.prompts.answers = {MsgResult::Yes};
         key(Qt::Key_Delete);
-        QCOMPARE(list.Count(), 1);
+        QCOMPARE(list.Count(), 2);
         QCOMPARE(program.fakes.prompts.messages.at(0).title, QStringLiteral("Confirm Delete from List"));
         key(Qt::Key_Tab);
         QVERIFY(focus() != Grid(w));
@@ -747,6 +768,18 @@ private slots:
                      qPrintable(caption));
             keys.insert(caption.at(caption.indexOf('&') + 1).toLower());
         }
+        // Within each menu, every item has its own mnemonic.
+        for (const QMenu* menu : w.findChildren<QMenu*>()) {
+            QSet<QChar> items;
+            for (const QAction* item : menu->actions()) {
+                const int at = item->text().indexOf('&');
+                QVERIFY2(item->isSeparator() || (at >= 0 && !items.contains(item->text().at(at + 1).toLower())),
+                         qPrintable(item->text()));
+                if (at >= 0)
+                    items.insert(item->text().at(at + 1).toLower());
+            }
+        }
+        QCOMPARE(Find<QAction>(w, QStringLiteral("mnuUndo"))->shortcut(), QKeySequence(QKeySequence::Undo));
         QCOMPARE(Find<QAction>(w, QStringLiteral("mnuOpen"))->shortcut(), QKeySequence(QKeySequence::Open));
         QCOMPARE(Find<QAction>(w, QStringLiteral("mnuSave"))->shortcut(), QKeySequence(QKeySequence::Save));
         QCOMPARE(Find<QAction>(w, QStringLiteral("mnuPrintAnalysis"))->shortcut(), QKeySequence(QKeySequence::Print));

@@ -162,7 +162,7 @@ void ProfilePage::BuildControls()
     measures->setContentsMargins(0, 0, 0, 0);
     measures->setHorizontalSpacing(4);
     measures->setVerticalSpacing(2);
-    measures->addWidget(MakeBuddyLabel(this, "H&eight:", txtHeight), 0, 0);
+    measures->addWidget(MakeBuddyLabel(this, "He&ight:", txtHeight), 0, 0);
     measures->addWidget(txtHeight, 0, 1);
     measures->addWidget(labHeightUnits, 0, 2);
     measures->addWidget(MakeBuddyLabel(this, "Wei&ght:", txtWeight), 1, 0);

@@ -73,6 +73,7 @@ FoodChooserPage::FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard*
     // pass, unless they are sent to the line edit itself: watch both.
     comQuantity->installEventFilter(this);
     comQuantity->lineEdit()->installEventFilter(this);
+    comTier3->installEventFilter(this);
 
     DisableTiers();
 }
@@ -156,6 +157,7 @@ void FoodChooserPage::BuildControls()
     auto* buttons = new QHBoxLayout;
     btnNewItem = MakeButton(this, "btnNewItem", "New Item", "Select new item to add to list");
     btnSearch = MakeButton(this, "btnSearch", "Search", "Search database");
+    btnSearch->setShortcut(QKeySequence::Find);  // Ctrl+F
     btnAcceptItem = MakeButton(this, "btnAcceptItem", texts::kCaptionAddToList, "Accept and add item to list");
     btnDeleteItem = MakeButton(this, "btnDeleteItem", "Delete from List", "Delete item from list");
     btnTab2Help = MakeButton(this, "btnTab2Help", "Help", nullptr);
@@ -488,10 +490,11 @@ bool FoodChooserPage::eventFilter(QObject* watched, QEvent* event)
     const bool enterKey = (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) &&
                           (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
                            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
-    if (quantityBox && enterKey) {
-        // Enter presses "Add to List" or "Change" when it may be pressed;
-        // it changes no text, so it parses nothing.
-        if (event->type() == QEvent::KeyPress && btnAcceptItem->isEnabled()) {
+    if ((quantityBox || watched == comTier3) && enterKey) {
+        // Enter in the quantity or the measure box presses "Add to List" or
+        // "Change" when it may be pressed; it changes no text, so it parses
+        // nothing.
+        if (event->type() == QEvent::KeyPress && session_.chooser.stage.acceptOffered) {
             btnAcceptItem->click();
             btnNewItem->setFocus(Qt::OtherFocusReason);
         }

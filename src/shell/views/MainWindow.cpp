@@ -129,8 +129,8 @@ void MainWindow::BuildMenus()
     mnuList = AddItem(mnuPrint, "mnuList", "Food &List");
     mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
     mnuPrintPreview = AddItem(mnuFile, "mnuPrintPreview", "Print Pre&view...");
-    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as &PDF...");
-    mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Export as &CSV...");
+    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as P&DF...");
+    mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Expor&t as CSV...");
     mnuFile->addSeparator();
     mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
     mnuOpen->setShortcut(QKeySequence::Open);
