@@ -16,7 +16,6 @@ inline constexpr const char* kGuideYearOfBirth = "Year of birth: two digits, for
 inline constexpr const char* kGuideWeight = "Weight: at least 50 pounds (22.7 kg)";
 inline constexpr const char* kGuideHeight = "Height: at least 36 inches (91.44 cm)";
 
-inline constexpr const char* kNumbersOnly = "Enter only numbers in this field.";
 
 inline constexpr const char* kIllegalNameCharacter =
     "You have entered an illegal character in the Name field.\r\n"

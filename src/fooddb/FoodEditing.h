@@ -114,8 +114,6 @@ inline constexpr const char* kTitleAddToDatabase = "Add to database";
 inline constexpr const char* kOperationCancelled = "Operation cancelled.";
 inline constexpr const char* kTitleNotAdded = "Not added to database";
 inline constexpr const char* kTitleAdded = "Added to database";
-inline constexpr const char* kTitleNumberError = "Error";
-inline constexpr const char* kEnterOnlyNumbers = "Enter only numbers in this field.";
 
 inline constexpr const char* kTitleUnableToAdd = "Unable to add to database";
 inline constexpr const char* kTitleCopied = "Copied to Favorites";

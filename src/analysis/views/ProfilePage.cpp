@@ -62,13 +62,6 @@ QRadioButton* MakeOption(QWidget* parent, const char* objectName, const char* ca
     return option;
 }
 
-QLineEdit* MakeBox(QWidget* parent, const char* objectName)
-{
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(QString::fromLatin1(objectName));
-    return box;
-}
-
 QLabel* MakeBuddyLabel(QWidget* parent, const char* caption, QWidget* buddy)
 {
     auto* label = new QLabel(QString::fromLatin1(caption), parent);
@@ -118,10 +111,10 @@ ProfilePage::ProfilePage(AnalysisSession& session, Seams& seams, ErrorGuard* err
 void ProfilePage::BuildControls()
 {
     // Name and year of birth.
-    txtName = MakeBox(this, "txtName");
+    txtName = MakeBox(this, QStringLiteral("txtName"));
     txtName->setToolTip(QStringLiteral("Enter your name"));
     KeepStorable(txtName, seams_.prompts);
-    txtYOB = MakeBox(this, "txtYOB");
+    txtYOB = MakeBox(this, QStringLiteral("txtYOB"));
     txtYOB->setToolTip(QStringLiteral("Enter last two digits of birth year"));
     txtYOB->setMaxLength(2);
     txtYOB->setFixedWidth(txtYOB->fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 12);
@@ -148,8 +141,8 @@ void ProfilePage::BuildControls()
         measurementLayout->addWidget(option);
     measurementLayout->addStretch(1);
 
-    txtHeight = MakeBox(this, "txtHeight");
-    txtWeight = MakeBox(this, "txtWeight");
+    txtHeight = MakeBox(this, QStringLiteral("txtHeight"));
+    txtWeight = MakeBox(this, QStringLiteral("txtWeight"));
     const int measureWidth = txtHeight->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12;
     txtHeight->setFixedWidth(measureWidth);
     txtWeight->setFixedWidth(measureWidth);
@@ -347,11 +340,7 @@ void ProfilePage::txtName_KeyUp()
 
 void ProfilePage::NumericKeyUp(QLineEdit* box)
 {
-    const QString text = box->text();
-    if (!text.isEmpty() && !IsNumeric(ToLatin1(text))) {
-        seams_.prompts.Message(std::string(texts::kNumbersOnly), texts::kTitleError, MsgIcon::Exclamation);
-        box->clear();
-    }
+    KeepNumbersOnly(*box, seams_.prompts);
     ValidateTab1Data();
 }
 

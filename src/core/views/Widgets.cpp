@@ -2,7 +2,11 @@
 
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+
+#include "core/Numeric.h"
+#include "core/views/Seams.h"
 
 namespace pw {
 
@@ -38,6 +42,26 @@ QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, 
     if (autoDefault == ButtonDefault::Never)
         button->setAutoDefault(false);
     return button;
+}
+
+QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int maxLength)
+{
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(name);
+    if (tip)
+        box->setToolTip(QString::fromLatin1(tip));
+    box->setMaxLength(maxLength);
+    return box;
+}
+
+bool KeepNumbersOnly(QLineEdit& box, Prompts& prompts)
+{
+    const QString text = box.text();
+    if (text.isEmpty() || IsNumeric(ToLatin1(text)))
+        return true;
+    prompts.Message(QStringLiteral("Enter only numbers in this field."), QStringLiteral("Error"), MsgIcon::Exclamation);
+    box.clear();
+    return false;
 }
 
 }  // namespace pw

@@ -6,6 +6,7 @@
 #include <string>
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QWidget;
 
@@ -31,5 +32,14 @@ QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption, 
 // button does not become a dialog's default on focus.
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip = nullptr,
                         ButtonDefault autoDefault = ButtonDefault::Auto);
+// A text box named name with, when given, a tool tip, taking at most
+// maxLength characters.
+QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip = nullptr, int maxLength = 32767);
+
+class Prompts;
+// The rule of a box that takes numbers only: text that is not a number is
+// refused with its message and the box emptied. True when the box keeps
+// its text.
+bool KeepNumbersOnly(QLineEdit& box, Prompts& prompts);
 
 }  // namespace pw

@@ -39,16 +39,6 @@ constexpr int kMaxTextLength = kMaxTextField;
 // sodium or summed into calories, stays within 32 bits.
 constexpr int kMaxNutrientLength = 6;
 
-QLineEdit* MakeBox(QWidget* parent, const QString& name, const char* tip, int maxLength)
-{
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    if (tip)
-        box->setToolTip(QString::fromLatin1(tip));
-    box->setMaxLength(maxLength);
-    return box;
-}
-
 }  // namespace
 
 AddFoodDialog::AddFoodDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent)
@@ -289,13 +279,9 @@ void AddFoodDialog::txtMeasure_KeyUp()
 void AddFoodDialog::txtNutrVal_KeyUp(int row)
 {
     QLineEdit* box = txtNutrVal[static_cast<std::size_t>(row)];
+    if (!KeepNumbersOnly(*box, seams_.prompts))
+        return;  // the emptied box comes back here
     const QString text = box->text();
-    if (!text.isEmpty() && !IsNumeric(ToLatin1(text))) {
-        seams_.prompts.Message(QString::fromLatin1(texts::kEnterOnlyNumbers),
-                               QString::fromLatin1(texts::kTitleNumberError), MsgIcon::Exclamation);
-        box->clear();  // comes back here with the empty box
-        return;
-    }
     fieldsFilled_.Set(kFirstNutrientField + row, !text.isEmpty());
     EnableAdd();
 }
