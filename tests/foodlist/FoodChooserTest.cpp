@@ -148,9 +148,6 @@ struct Chooser {
 };
 
 const QStringList kButterTbsp = {"Dairy and Eggs", "Butter", "Salted", "1 tbsp"};
-const std::array<void (FoodChooserPage::*)(), 4> kTierOperations = {
-    &FoodChooserPage::ProcessTier0, &FoodChooserPage::ProcessTier1, &FoodChooserPage::ProcessTier2,
-    &FoodChooserPage::ProcessTier3};
 
 }  // namespace
 
@@ -254,7 +251,7 @@ private slots:
                 Chooser c;
                 c.Choose(food.mid(0, tier + 1));
                 const QStringList once = c.State();
-                (c.page.get()->*kTierOperations[tier])();
+                emit c.Tier(tier)->activated(c.Tier(tier)->currentIndex());
                 QCOMPARE(c.State(), once);
                 c.Pick(tier, food[tier]);
                 QCOMPARE(c.State(), once);
@@ -262,7 +259,7 @@ private slots:
                 // As code clears a tier's choice (the search dialog clears the measure).
                 c.Choose(food);
                 c.Tier(tier)->setCurrentIndex(-1);
-                (c.page.get()->*kTierOperations[tier])();
+                emit c.Tier(tier)->activated(c.Tier(tier)->currentIndex());
                 c.VerifyResetBelow(tier);
                 if (tier < 3)
                     QCOMPARE(c.Items(tier + 1), QStringList());

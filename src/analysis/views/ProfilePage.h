@@ -28,8 +28,6 @@ public:
     // page built on its own, whose errors reach its caller).
     ProfilePage(AnalysisSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
-    ErrorGuard* const guard;
-
     // Reads the controls into the session's profile, tells an under-age user
     // so, and reports the outcome through profileValidated.
     void ValidateTab1Data();
@@ -91,6 +89,7 @@ private:
     void ReportNotAProfileFile(const QString& path);
     std::string DefaultProfilePath() const;
 
+    ErrorGuard* const guard;  // where the handlers' run-time errors go
     AnalysisSession& session_;
     Seams& seams_;
     bool loading_ = false;

@@ -25,7 +25,6 @@ class FoodTableDialog : public QDialog {
     Q_OBJECT
 public:
     // Where run-time errors of the handlers go: the main window's own.
-    ErrorGuard* const guard;
 
 public slots:
     // Closing the window or Escape leave as Cancel does.
@@ -53,6 +52,7 @@ protected:
     // closes. True when result says the table was full.
     bool ClosedForNoRoom(std::int16_t result);
 
+    ErrorGuard* const guard;  // where the handlers' run-time errors go
     FoodSession& session_;
     Seams& seams_;
 

@@ -28,8 +28,6 @@ public:
     // opens the dialog hands on its own.
     SearchDialog(const FoodSession& session, Seams& seams, ErrorGuard* guard, QWidget* parent = nullptr);
 
-    ErrorGuard* const guard;
-
     // Grid rows listed by the last search, and the row last moved to
     // (1-based, 0 when none).
     int ResultCount() const { return static_cast<int>(results_.size()); }
@@ -64,6 +62,7 @@ private:
     int DpiX() const;
     int DpiY() const;
 
+    ErrorGuard* const guard;  // where the handlers' run-time errors go
     const FoodSession& session_;
     Seams& seams_;
     std::vector<SearchResult> results_;  // grid row k shows results_[k - 1]

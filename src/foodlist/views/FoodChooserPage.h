@@ -40,8 +40,6 @@ public:
     // amounts until SetUnitCaptions asks for percents of DV.
     FoodChooserPage(FoodSession& session, Seams& seams, ErrorGuard* guard = nullptr, QWidget* parent = nullptr);
 
-    ErrorGuard* const guard;
-
     // The group list and TierMap column 0, from the food table.
     void RebuildTierMap();
     // The 17 quantity choices, " 1" selected.
@@ -51,12 +49,6 @@ public:
     // shown from now on.
     void SetUnitCaptions(bool byDV);
 
-    // A choice at a tier: builds the next tier's list and resets everything
-    // below it; a measure sets the chosen food and shows its nutrients.
-    void ProcessTier0();
-    void ProcessTier1();
-    void ProcessTier2();
-    void ProcessTier3();
     // Starts choosing a food to add to the list.
     void NewItem();
     // Nothing chosen: every tier, the quantity and the panel disabled; a
@@ -91,11 +83,16 @@ public:
     // True while a food's values are shown.
     bool FoodChosen() const;
 
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // A choice at a tier: builds the next tier's list and resets everything
+    // below it; a measure sets the chosen food and shows its nutrients.
+    void ProcessTier0();
+    void ProcessTier1();
+    void ProcessTier2();
+    void ProcessTier3();
     void BuildControls();
     ChooserStage& Stage();
     // The one routine that shows the stage: every control's enabled state
@@ -119,6 +116,7 @@ private:
     void comQuantity_KeyUp();
     QComboBox* TierCombo(int tier) const;
 
+    ErrorGuard* const guard;  // where the handlers' run-time errors go
     FoodSession& session_;
     Seams& seams_;
     bool byUnits_ = true;  // amounts, not percents of DV

@@ -45,7 +45,6 @@ public:
     // state, pw.ini, data.dat, the offer to save an unsaved list; then the
     // program ends. Runs once.
     void Egress();
-    void Disclaimer();
     bool EgressDone() const { return egressDone_; }
 
     bool ViewByUnits() const;
@@ -79,6 +78,7 @@ private:
     void Form_Resize();
     void OnProfileValidated(bool valid);
     void ShowHelpTopic(int command, std::optional<int> context);
+    void Disclaimer();
     void mnuShowTip_Click();
     void mnuAbout_Click();
     void mnuList_Click();
