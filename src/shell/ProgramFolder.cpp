@@ -39,8 +39,8 @@ bool IsFile(const std::string& path)
 bool CopyWhenDifferent(const std::string& source, const std::string& target)
 {
     try {
-        const std::string bytes = ReadWholeFile(source);
-        if (IsFile(target) && ReadWholeFile(target) == bytes)
+        const std::string bytes = ReadWholeFile(source, kDataFileLimit);
+        if (IsFile(target) && ReadWholeFile(target, kDataFileLimit) == bytes)
             return true;
         WriteFileAtomic(target, bytes);
         return true;

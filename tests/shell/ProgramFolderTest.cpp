@@ -29,7 +29,7 @@ Files ReadFiles(const std::string& folder)
     std::error_code error;
     for (fs::recursive_directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
         if (it->is_regular_file())
-            files[it->path().lexically_relative(folder).string()] = ReadWholeFile(it->path().string());
+            files[it->path().lexically_relative(folder).string()] = ReadWholeFile(it->path().string(), std::size_t(1) << 30);
     return files;
 }
 

@@ -69,7 +69,7 @@ bool SplashWindow::Form_Load()
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
     HeaderResult header = HeaderResult::Ok;
-    const bool read = guard_.Run([&] { header = LoadDatabaseHeader(ReadWholeFile(dataPath), session_.foodTable); });
+    const bool read = guard_.Run([&] { header = LoadDatabaseHeader(ReadWholeFile(dataPath, kDataFileLimit), session_.foodTable); });
     if (QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
     if (!read)
