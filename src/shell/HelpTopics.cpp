@@ -256,7 +256,14 @@ int HtmlNestingDepth(std::string_view html)
     std::size_t i = 0;
     while ((i = html.find('<', i)) != std::string_view::npos) {
         ++i;
-        if (i < html.size() && html[i] == '!') {  // a comment or a declaration
+        if (html.substr(i, 3) == "!--") {  // a comment, tags in it or not
+            const std::size_t end = html.find("-->", i + 3);
+            if (end == std::string_view::npos)
+                break;
+            i = end + 3;
+            continue;
+        }
+        if (i < html.size() && html[i] == '!') {  // a declaration
             const std::size_t end = html.find('>', i);
             if (end == std::string_view::npos)
                 break;
