@@ -17,6 +17,7 @@ AboutBox::AboutBox(const Session& session, QWidget* parent) : QDialog(parent)
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(QStringLiteral("About Platewell"));
     auto* logo = new QLabel(this);
+    logo->setTextFormat(Qt::PlainText);
     logo->setPixmap(PaintLogo(QSize(96, 96)).copy(0, 0, 96, 96));
     labTitle = MakeLabel(this, QStringLiteral("labTitle"), QStringLiteral("Platewell"));
     QFont big = labTitle->font();

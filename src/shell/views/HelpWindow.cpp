@@ -217,9 +217,11 @@ void HelpWindow::Search(const QString& query)
 
 QImage HelpWindow::Picture(const QUrl& source) const
 {
-    const std::string file = source.scheme().isEmpty() && !source.hasQuery()
-                                 ? HelpPictureFile(source.path().toStdString())
-                                 : std::string();
+    // A page's relative source comes resolved against the page's own address
+    // (help:<page>), so "help/x.png" arrives as help:help/x.png.
+    const bool own = source.scheme().isEmpty() || source.scheme() == kScheme;
+    const std::string file =
+        own && !source.hasQuery() && source.host().isEmpty() ? HelpPictureFile(source.path().toStdString()) : "";
     if (file.empty() || folder_.isEmpty())
         return {};
     const QString path = QDir(folder_).filePath(QStringLiteral("help/") + QString::fromStdString(file));

@@ -39,6 +39,7 @@ SplashWindow::SplashWindow(Session& session, Seams& seams, ErrorGuard& guard, QW
     auto* frameLayout = new QVBoxLayout(frame_);
     frameLayout->setContentsMargins(2, 2, 2, 2);
     imgLogo = new QLabel(frame_);
+    imgLogo->setTextFormat(Qt::PlainText);
     imgLogo->setObjectName(QStringLiteral("imgLogo"));
     imgLogo->setPixmap(PaintLogo(QSize(480, 200)));
     frameLayout->addWidget(imgLogo);

@@ -20,6 +20,7 @@ TipWindow::TipWindow(Session& session, QWidget* parent) : QDialog(parent), sessi
     setWindowTitle(QStringLiteral("Platewell's Tip of the Day"));
 
     Picture1 = new QLabel(this);
+    Picture1->setTextFormat(Qt::PlainText);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setPixmap(PaintLogo(QSize(96, 96)).copy(0, 0, 96, 96));
     Picture1->setAlignment(Qt::AlignTop);
