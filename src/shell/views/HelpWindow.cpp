@@ -239,14 +239,14 @@ void HelpWindow::FollowLink(const QUrl& url)
     case HelpLinkKind::Web:
         if (prompts_.Message(QStringLiteral("Open this address in your web browser?\r\n\r\n") +
                                  url.toString(QUrl::FullyEncoded),
-                             QStringLiteral("Platewell Help"), MsgIcon::Question,
+                             QStringLiteral("Help"), MsgIcon::Question,
                              MsgButtons::YesNo) == MsgResult::Yes)
             emit webPageRequested(url);
         return;
     case HelpLinkKind::Refused:
         prompts_.Message(QStringLiteral("Help does not open links of this kind:\r\n\r\n") +
                              url.toString(QUrl::FullyEncoded),
-                         QStringLiteral("Platewell Help"), MsgIcon::Exclamation);
+                         QStringLiteral("Help"), MsgIcon::Exclamation);
         return;
     case HelpLinkKind::InBook: break;
     }
