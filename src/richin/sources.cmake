@@ -1,0 +1,4 @@
+list(APPEND MODEL_SOURCES
+  src/richin/RichIn.cpp
+  src/richin/RichInCommand.cpp
+)
