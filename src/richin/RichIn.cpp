@@ -46,6 +46,21 @@ RichOrder DefaultRichOrder(Nutrient nutrient)
     }
 }
 
+Nutrient MostLackingNutrient(const NutrientValues& totals, const DailyValues& dailyValues)
+{
+    std::optional<Nutrient> lacking;
+    for (int i = 0; i < kShownNutrients; ++i) {
+        const auto n = static_cast<Nutrient>(i);
+        if (DefaultRichOrder(n) != RichOrder::Most || dailyValues[i] <= 0)
+            continue;
+        // totals[n] / dv[n] < totals[m] / dv[m], cross-multiplied.
+        if (!lacking || static_cast<std::int64_t>(totals[i]) * dailyValues[*lacking] <
+                            static_cast<std::int64_t>(totals[*lacking]) * dailyValues[i])
+            lacking = n;
+    }
+    return lacking.value_or(kCalories);
+}
+
 std::optional<Nutrient> RichNutrientByName(std::string_view name)
 {
     const std::string wanted = LowerLatin1(name);

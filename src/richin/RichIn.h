@@ -29,6 +29,10 @@ enum class RichOrder { Most, Least };
 // and Sodium, whose daily values are limits.
 RichOrder DefaultRichOrder(Nutrient nutrient);
 
+// The nutrient the day lacks most for its daily value, of those ranked most
+// first (ties to the first in Nutrient order); Calories without daily values.
+Nutrient MostLackingNutrient(const NutrientValues& totals, const DailyValues& dailyValues);
+
 // A nutrient or a group by its name, without regard to case; none for a
 // name that is not one. Groups are 0..16, as kGroupNames.
 std::optional<Nutrient> RichNutrientByName(std::string_view name);

@@ -10,12 +10,13 @@ namespace pw {
 
 namespace {
 
+// One name a line: group names hold commas of their own.
 std::string NameList(const std::vector<std::string>& names)
 {
-    std::string joined;
+    std::string lines;
     for (const std::string& name : names)
-        joined += (joined.empty() ? "" : ", ") + name;
-    return joined;
+        lines += "\n  " + name;
+    return lines;
 }
 
 std::string Field(const std::string& latin1)
@@ -37,7 +38,7 @@ RichInParse UnknownName(const char* what, const std::string& given, const std::v
 {
     RichInParse parse;
     parse.status = 1;
-    parse.message = std::string("Unknown ") + what + " \"" + given + "\". Give one of: " + NameList(valid) + ".";
+    parse.message = std::string("Unknown ") + what + " \"" + given + "\". Give one of:" + NameList(valid);
     return parse;
 }
 

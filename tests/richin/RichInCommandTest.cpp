@@ -27,10 +27,10 @@ TEST(RichInCommand, ParsesTheOptionsAndRefusesWhatIsWrong)
          0, kCalcium, B::Per100Calories, 3, O::Least, 5, ""},
         {{"--rich-in", "Fat", "--group=Fruits", "--top=1"}, 0, kFats, B::PerServing, 8, O::Least, 1, ""},
         {{"--rich-in", "Vitamin C"}, 1, kFiber, B::PerServing, kAllGroups, O::Most, {},
-         "Unknown nutrient \"Vitamin C\". Give one of: Calories, Protein, Carbohydrates, Fat, Cholesterol, Fiber, "
-         "Calcium, Sodium."},
+         "Unknown nutrient \"Vitamin C\". Give one of:\n  Calories\n  Protein\n  Carbohydrates\n  Fat\n  "
+         "Cholesterol\n  Fiber\n  Calcium\n  Sodium"},
         {{"--rich-in", "Fiber", "--group", "Candy"}, 1, kFiber, B::PerServing, kAllGroups, O::Most, {},
-         "Give one of: Bakery and Grains, Beverages,"},
+         "Give one of:\n  Bakery and Grains\n  Beverages\n"},
         {{"--rich-in"}, 2, kFiber, B::PerServing, kAllGroups, O::Most, {}, "without its value"},
         {{"--rich-in", "Fiber", "--most", "--least"}, 2, kFiber, B::PerServing, kAllGroups, O::Most, {}, "not both"},
         {{"--rich-in", "Fiber", "--top", "0"}, 2, kFiber, B::PerServing, kAllGroups, O::Most, {}, "--top"},

@@ -83,6 +83,13 @@ TEST(RichIn, NamesDefaultsAndTexts)
         EXPECT_EQ(DefaultRichOrder(static_cast<Nutrient>(i)), defaults[i]) << i;
         EXPECT_EQ(RichNutrientByName(kRichNutrientNames[i]), static_cast<Nutrient>(i));
     }
+    // Of the day's totals against DVs 2100, 63, 304, 70, 315, 26, 840, 2494:
+    // fiber at 4/26 lacks most; fat, cholesterol and sodium are limits.
+    const DailyValues dv = {2100, 63, 304, 70, 315, 26, 840, 2494};
+    EXPECT_EQ(MostLackingNutrient({1800, 60, 250, 1, 0, 4, 700, 1, 0}, dv), kFiber);
+    EXPECT_EQ(MostLackingNutrient({1800, 60, 250, 1, 0, 26, 120, 1, 0}, dv), kCalcium);
+    EXPECT_EQ(MostLackingNutrient({}, dv), kCalories);  // all at 0 %: the first
+    EXPECT_EQ(MostLackingNutrient({1, 1, 1, 1, 1, 1, 1, 1, 0}, DailyValues{}), kCalories);
     EXPECT_EQ(RichNutrientByName("fIbEr"), kFiber);
     EXPECT_EQ(RichNutrientByName("Carbs"), std::nullopt);  // the tab's names only
     EXPECT_EQ(RichNutrientByName(""), std::nullopt);

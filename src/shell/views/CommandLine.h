@@ -5,6 +5,7 @@
 //   platewell --export-pdf OUT.pdf LIST.pwl
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --rich-in NUTRIENT [...]   (the foods ranked by a nutrient)
 //   platewell --help | --version
 #include <QString>
 #include <QStringList>
@@ -21,6 +22,12 @@ struct CommandLineRequest {
     QString listFile;  // the list to open or export; empty for none
     QString text;      // Help: the help text; Version: the version line; Error: what is wrong
 };
+
+class FoodTable;
+
+// Reads the data file of programFolder into table; false after telling why
+// on standard error.
+bool LoadFoodTable(const std::string& programFolder, FoodTable& table);
 
 // arguments as the program got them, the program's own name first.
 CommandLineRequest ParseCommandLine(const QStringList& arguments);
