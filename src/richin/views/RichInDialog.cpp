@@ -15,6 +15,7 @@
 #include <QShowEvent>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <variant>
 #include <vector>
 
@@ -33,7 +34,7 @@ namespace {
 constexpr const char* kBasisCaptions[2] = {"per serving", "per 100 calories"};
 constexpr const char* kAllGroupsCaption = "All groups";
 // Column widths in widths of an "M": rank, the food's four texts, the values.
-constexpr int kColumnEms[] = {3, 10, 9, 16, 7, 9, 7, 7, 7, 7};
+constexpr int kColumnEms[] = {3, 11, 9, 16, 7, 7, 5, 6, 6, 6};
 
 QString Latin1(const std::string& text) { return QString::fromLatin1(text); }
 
@@ -334,7 +335,7 @@ void RichInDialog::BuildControls()
     page->addWidget(labRichNote);
     page->addWidget(gridRich, 1);
     page->addLayout(buttons);
-    resize(em * 64, em * 34);
+    resize(em * 76, em * 36);
 }
 
 int RichInDialog::RowCount() const { return table_->rowCount(); }
@@ -426,8 +427,13 @@ void RichInDialog::FillGrid()
     }
     labRichNote->setText(note);
     const int em = fontMetrics().horizontalAdvance(QLatin1Char('M'));
+    // Each column as wide as its kind of text, and never narrower than its
+    // header.
+    const QFontMetrics header(gridRich->horizontalHeader()->font());
     for (int column = 0; column < table_->columnCount() && column < static_cast<int>(std::size(kColumnEms)); ++column)
-        gridRich->setColumnWidth(column, kColumnEms[column] * em);
+        gridRich->setColumnWidth(
+            column, std::max(kColumnEms[column] * em,
+                             header.horizontalAdvance(table_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + em));
     if (table_->rowCount() > 0)
         gridRich->setCurrentIndex(table_->index(0, 0));
     UpdateControls();
