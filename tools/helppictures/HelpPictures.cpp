@@ -211,6 +211,9 @@ int main(int argc, char** argv)
         auto* nutrient = Named<QComboBox>(*rich, "comRichNutrient");
         nutrient->setCurrentIndex(kFiber);
         emit nutrient->activated(kFiber);
+        auto* group = Named<QComboBox>(*rich, "comRichGroup");
+        group->setCurrentIndex(group->findText(QStringLiteral("Vegetables")));
+        emit group->activated(group->currentIndex());
         Named<QCheckBox>(*rich, "chkRichGap")->click();
         pictures.Save(rich, "richin.png");
         rich->reject();
