@@ -163,8 +163,8 @@ GapOutcome FillGap(const FoodTable& table, Nutrient nutrient, int group, std::in
         return outcome;
     }
     outcome.state = GapState::Listed;
-    outcome.missing = dailyValue - dayTotal;
     const std::int64_t missing = static_cast<std::int64_t>(dailyValue) - dayTotal;
+    outcome.missing = missing;
     for (int i = 0; i < table.Count(); ++i) {
         if (!IsFood(table, i) || !InGroup(table.Group(i), group))
             continue;

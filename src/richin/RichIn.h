@@ -106,7 +106,7 @@ struct GapOutcome {
     GapState state = GapState::NoDailyValue;
     std::int32_t dayTotal = 0;
     std::int32_t dailyValue = 0;
-    std::int32_t missing = 0;  // dailyValue - dayTotal while listed
+    std::int64_t missing = 0;  // dailyValue - dayTotal while listed
     // Foods holding the nutrient, the ones that fill the gap within 99
     // measures first, each part by calories added (least first), ties in
     // table order.
