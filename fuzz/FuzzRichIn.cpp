@@ -29,7 +29,7 @@ pw::FoodTable Foods()
     add("Vegetables", "", {0, 0, 0, 0, 0, 0, 0, 0, 0});
     add("Vegetables", "Huge", {kMost, kMost, kMost, kMost, kMost, kMost, kMost, kMost, 0});
     add("X", "Odd", {-kMost, -1, 1, -5, 30000000, 1, -kMost, 0, 0});
-    add("Snacks", "Cr\xE8me\r\n", {1, 1, 1, 1, 1, 1, 1, 1, 1});
+    add("Snacks", "Cr\xE8me\r\n\x1B[2J\x9B", {1, 1, 1, 1, 1, 1, 1, 1, 1});
     return table;
 }
 
@@ -48,8 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const pw::RichInParse parse = pw::ParseRichInArguments(arguments);
     if (parse.command.has_value() != (parse.status == 0) || (parse.status != 0 && parse.message.empty()))
         std::abort();
-    if (parse.command)
-        (void)pw::RichInLines(table, *parse.command);
+    if (parse.command) {
+        // One food a line of six fields, and nothing that steers a terminal.
+        for (const char c : pw::RichInLines(table, *parse.command))
+            if ((static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n') || c == 0x7F)
+                std::abort();
+    }
 
     std::int32_t numbers[2] = {0, 0};
     std::memcpy(numbers, data, std::min(size, sizeof numbers));

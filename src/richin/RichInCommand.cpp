@@ -23,7 +23,7 @@ std::string Field(const std::string& latin1)
 {
     std::string text = latin1;
     std::replace_if(text.begin(), text.end(), [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
-    return Latin1ToUtf8(text);
+    return TerminalText(Latin1ToUtf8(text));
 }
 
 RichInParse Malformed(const std::string& why)

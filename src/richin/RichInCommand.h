@@ -35,7 +35,7 @@ RichInParse ParseRichInArguments(const std::vector<std::string>& arguments);
 
 // The ranking's lines in UTF-8, each ended by a line feed. Tabs and line
 // breaks inside a food's texts become blanks, so each line keeps its six
-// fields.
+// fields, and other control characters are escaped for the terminal.
 std::string RichInLines(const FoodTable& table, const RichInCommand& command);
 
 }  // namespace pw

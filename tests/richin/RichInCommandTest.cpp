@@ -65,17 +65,17 @@ TEST(RichInCommand, PrintsOneFoodALineWithSixFields)
     FoodTable table;
     table.Append(Food("Fruits", "Apples", "Raw", "1 medium", 0, 25, 0, 0, 4));          // 100 kcal
     table.Append(Food("Fruits", "Pears", "Cr\xE8me\tpoire", "1 medium", 0, 27, 0, 0, 6));  // 108 kcal
-    table.Append(Food("Vegetables", "Carrots", "Raw", "1 medium", 0, 20, 0, 0, 3));     // 80 kcal
+    table.Append(Food("Vegetables", "Carrots", "Raw\x1B[2J", "1 medium", 0, 20, 0, 0, 3));  // 80 kcal
     RichInCommand command;
     command.query = {kFiber, RichBasis::PerServing, kAllGroups, RichOrder::Most};
     EXPECT_EQ(RichInLines(table, command),
               "1\tFruits\tPears\tCr\xC3\xA8me poire\t1 medium\t6\n"
               "2\tFruits\tApples\tRaw\t1 medium\t4\n"
-              "3\tVegetables\tCarrots\tRaw\t1 medium\t3\n");
+              "3\tVegetables\tCarrots\tRaw\\x1B[2J\t1 medium\t3\n");  // no escape reaches the terminal
     command.query.basis = RichBasis::Per100Calories;
     command.query.order = RichOrder::Least;
     command.top = 2;
     EXPECT_EQ(RichInLines(table, command),
-              "1\tVegetables\tCarrots\tRaw\t1 medium\t3.8\n"  // 3.75 to the even tenth
+              "1\tVegetables\tCarrots\tRaw\\x1B[2J\t1 medium\t3.8\n"  // 3.75 to the even tenth
               "2\tFruits\tApples\tRaw\t1 medium\t4.0\n");
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Text.h"
 #include "fooddb/FoodTable.h"
 #include "richin/RichInCommand.h"
 #include "shell/ProgramFolder.h"
@@ -21,7 +22,9 @@ std::optional<int> RunRichInCommandLine(int& argc, char** argv)
         return std::nullopt;
     const RichInParse parse = ParseRichInArguments(arguments);
     if (!parse.command) {
-        std::fprintf(stderr, "%s\n", parse.message.c_str());
+        // The message repeats what was typed: escaped for the terminal.
+        const std::string shown = TerminalText(parse.message) + "\n";
+        std::fwrite(shown.data(), 1, shown.size(), stderr);
         return parse.status;
     }
     // No display: the program's folder is all the application is asked for.
