@@ -71,11 +71,11 @@ TEST(RichInCommand, PrintsOneFoodALineWithSixFields)
     EXPECT_EQ(RichInLines(table, command),
               "1\tFruits\tPears\tCr\xC3\xA8me poire\t1 medium\t6\n"
               "2\tFruits\tApples\tRaw\t1 medium\t4\n"
-              "3\tVegetables\tCarrots\tRaw\\x1B[2J\t1 medium\t3\n");  // no escape reaches the terminal
+              "3\tVegetables\tCarrots\tRaw\\x1b[2J\t1 medium\t3\n");  // no escape reaches the terminal
     command.query.basis = RichBasis::Per100Calories;
     command.query.order = RichOrder::Least;
     command.top = 2;
     EXPECT_EQ(RichInLines(table, command),
-              "1\tVegetables\tCarrots\tRaw\\x1B[2J\t1 medium\t3.8\n"  // 3.75 to the even tenth
+              "1\tVegetables\tCarrots\tRaw\\x1b[2J\t1 medium\t3.8\n"  // 3.75 to the even tenth
               "2\tFruits\tApples\tRaw\t1 medium\t4.0\n");
 }

@@ -281,7 +281,7 @@ void RichInDialog::BuildControls()
     chkRichGap->setObjectName(QStringLiteral("chkRichGap"));
     chkRichGap->setToolTip(QStringLiteral("How much of each food brings the day to its daily value"));
 
-    labRichNote = MakeLabel(this, QStringLiteral("labRichNote"), "", LabelText::Plain);
+    labRichNote = MakeLabel(this, QStringLiteral("labRichNote"), "");
     labRichNote->setWordWrap(true);
 
     gridRich = new QTableView(this);
