@@ -151,6 +151,7 @@ private slots:
         a.Open(kFiber);
         Find<QCheckBox>(a.dialog, "chkRichGap")->click();
         QVERIFY(!a.Enabled("comRichBasis") && !a.Enabled("optRichMost"));
+        QCOMPARE(ClippedTexts(a.dialog), QStringList());
         QStringList rows;
         for (int row = 0; row < 3; ++row)
             rows << a.Cell(row, 3) + '|' + a.Cell(row, 5) + '|' + a.Cell(row, 6) + '|' + a.Cell(row, 7);
