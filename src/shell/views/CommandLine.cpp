@@ -1,4 +1,5 @@
 #include "shell/views/CommandLine.h"
+#include "shell/views/RichInCommandLine.h"
 #include "core/views/Widgets.h"
 #include "shell/ProgramFolder.h"
 
@@ -63,6 +64,9 @@ std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder)
     return ProgramOwnFiles(folders);
 }
 
+
+}  // namespace
+
 bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
 {
     const std::string dataPath = FindFileNoCase(programFolder, kDataFileName);
@@ -83,12 +87,16 @@ bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
     return true;
 }
 
+namespace {
+
 QString HelpText(const QCommandLineParser& parser)
 {
     return QStringLiteral("Usage: platewell [LIST.pwl]\n"
                           "       platewell --export-pdf OUT.pdf LIST.pwl\n"
                           "       platewell --export-csv OUT.csv LIST.pwl\n"
-                          "       platewell --export-text LIST.pwl\n\n") +
+                          "       platewell --export-text LIST.pwl\n"
+                          "       platewell --rich-in NUTRIENT [--per-100-calories] [--group NAME]\n"
+                          "                 [--most | --least] [--top N]\n\n") +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
@@ -113,7 +121,15 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
                                  QStringLiteral("OUT.csv"));
     const QCommandLineOption text(QString::fromLatin1(kExportText),
                                   QStringLiteral("Writes the analysis report of the list as text on standard output."));
-    parser.addOptions({help, version, pdf, csv, text});
+    const QCommandLineOption richIn(
+        QStringLiteral("rich-in"),
+        QStringLiteral("Prints the foods ranked by a nutrient (Calories, Protein, Carbohydrates, Fat, Cholesterol, "
+                       "Fiber, Calcium, Sodium), one a line: rank, group, subgroup, description, measure and amount, "
+                       "separated by tabs. --per-100-calories ranks by the amount per 100 calories, --group NAME "
+                       "keeps one food group, --most or --least sets the order (by default least first for Fat, "
+                       "Cholesterol and Sodium), --top N prints the first N."),
+        QStringLiteral("NUTRIENT"));
+    parser.addOptions({help, version, pdf, csv, text, richIn});
     // Qt's own options reach the window untouched; the parser only has to
     // know them to find the list file among them.
     for (const char* name : {"platform", "display", "style", "stylesheet", "geometry", "qwindowgeometry",
@@ -260,6 +276,8 @@ std::string PathBytes(const CommandLineRequest& request, const QString& path)
 
 std::optional<int> RunWithoutWindow(int& argc, char** argv, CommandLineRequest& request)
 {
+    if (const std::optional<int> status = RunRichInCommandLine(argc, argv))
+        return status;
     // A report's paths are kept as the bytes they are (one Latin-1
     // character a byte); the window's list goes through Qt's own decoding.
     bool reportAsked = false;

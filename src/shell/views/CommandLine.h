@@ -5,6 +5,7 @@
 //   platewell --export-pdf OUT.pdf LIST.pwl
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --rich-in NUTRIENT [...]   (the foods ranked by a nutrient)
 //   platewell --help | --version
 #include <QString>
 #include <QStringList>
@@ -26,6 +27,11 @@ struct CommandLineRequest {
     bool bytePaths = false;
 };
 
+class FoodTable;
+
+// Reads the data file of programFolder into table; false after telling why
+// on standard error.
+bool LoadFoodTable(const std::string& programFolder, FoodTable& table);
 // A path of the request as the file system's bytes.
 std::string PathBytes(const CommandLineRequest& request, const QString& path);
 

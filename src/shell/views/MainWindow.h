@@ -19,6 +19,7 @@ class AnalysisFileCommands;
 class AnalysisPage;
 class DatabaseCommands;
 class SearchDialog;
+class RichInDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodChooserPage;
@@ -80,6 +81,8 @@ private:
     ReportSource CurrentReportSource() const;
     // The chart follows the list's totals and the daily values.
     void RefreshChart();
+    // The foods rich in a nutrient (-1: the dialog's own choice).
+    void mnuRichIn_Click(int nutrient);
     void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
@@ -115,6 +118,8 @@ private:
     DatabaseCommands* database = nullptr;
     // Opened by the chooser's Search button; created on first use and kept.
     SearchDialog* frmSearch = nullptr;
+    // The foods rich in a nutrient; created on first use and kept.
+    RichInDialog* frmRichIn = nullptr;
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
@@ -132,6 +137,7 @@ private:
     QAction* mnuExportPdf = nullptr;
     QAction* mnuExportCsv = nullptr;
     QAction* mnuExit = nullptr;
+    QAction* mnuRichIn = nullptr;
     QAction* mnuAddCustomItem = nullptr;
     QAction* mnuSaveAsDish = nullptr;
     QAction* mnuCopyToFavorites = nullptr;
