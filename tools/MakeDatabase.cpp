@@ -65,16 +65,19 @@
 #include <exception>
 #include <map>
 
+#include "core/LineFile.h"
 #include "dbmaker/DatabaseMaker.h"
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s <usda-folder> <output data.dat>\n", argc > 0 ? argv[0] : "platewell_makedb");
+    if (argc != 3 && argc != 4) {
+        std::fprintf(stderr, "usage: %s <usda-folder> <output data.dat> [names.txt]\n", argc > 0 ? argv[0] : "platewell_makedb");
         return 2;
     }
     try {
         const pw::dbmaker::Selection made = pw::dbmaker::MakeDatabase(argv[1], argv[2]);
+        if (argc == 4)
+            pw::WriteFileAtomic(argv[3], pw::dbmaker::NamesText(made));
         std::map<std::string, int> perGroup;
         for (const auto& record : made.records)
             ++perGroup[record.group];

@@ -632,6 +632,7 @@ Selection SelectFoods(const usda::Source& source)
     struct Entry {
         const Candidate* candidate;
         std::vector<FoodRecord> records;
+        std::vector<RecordOrigin> origins;
         int commonness;  // lower is more common
     };
     std::map<std::string_view, std::map<std::string, std::vector<Entry>>> byGroup;  // group -> subgroup -> foods
@@ -639,7 +640,12 @@ Selection SelectFoods(const usda::Source& source)
         const auto measures = source.measures.find(c.food->ndbNo);
         if (measures == source.measures.end())
             continue;
-        std::vector<std::pair<std::string, std::int64_t>> texts;  // measure, grams
+        struct MeasureChoice {
+            std::string first;  // the measure text
+            std::int64_t second;  // grams
+            int seq;
+        };
+        std::vector<MeasureChoice> texts;
         for (const auto& m : measures->second) {
             if (m.grams <= 0)
                 continue;
@@ -648,12 +654,12 @@ Selection SelectFoods(const usda::Source& source)
                 continue;
             if (std::any_of(texts.begin(), texts.end(), [&](const auto& t) { return t.first == *text; }))
                 continue;
-            texts.emplace_back(std::move(*text), m.grams);
+            texts.push_back(MeasureChoice{std::move(*text), m.grams, m.seq});
         }
         std::vector<std::string> candidatesText;
         for (const auto& t : texts)
             candidatesText.push_back(t.first);
-        std::vector<std::pair<std::string, std::int64_t>> chosen;
+        std::vector<MeasureChoice> chosen;
         for (std::size_t i : ChooseMeasures(candidatesText, kMeasuresPerFood))
             chosen.push_back(texts[i]);
         texts = std::move(chosen);
@@ -666,7 +672,7 @@ Selection SelectFoods(const usda::Source& source)
         // parts in the name and fewer rare words.
         const int householdMeasures = static_cast<int>(std::min<std::size_t>(measures->second.size(), 10));
         const bool staple = IsStaple(*c.food);
-        Entry entry{&c, {},
+        Entry entry{&c, {}, {},
                     staple ? -1
                            : (c.food->survey ? 0 : kNotInSurvey) + (10 - householdMeasures) * kPerMissingMeasure +
                                  static_cast<int>(c.parts.size())};
@@ -674,9 +680,11 @@ Selection SelectFoods(const usda::Source& source)
         for (std::string_view word : kRareWords)
             if (!staple && lower.find(word) != std::string::npos)
                 entry.commonness += 2;
-        for (const auto& [measure, grams] : texts)
+        for (const auto& [measure, grams, seq] : texts) {
             entry.records.push_back(
                 FoodRecord{std::string(c.group), c.subgroup, c.description, measure, MeasureValues(n, grams, alcoholic)});
+            entry.origins.push_back(RecordOrigin{c.food->ndbNo, seq, grams});
+        }
         byGroup[c.group][c.subgroup].push_back(std::move(entry));
     }
 
@@ -732,6 +740,7 @@ Selection SelectFoods(const usda::Source& source)
                 ++selection.foodsKept;
                 keptFoods.insert(entry.candidate->food->longDesc);
                 selection.records.insert(selection.records.end(), entry.records.begin(), entry.records.end());
+                selection.origins.insert(selection.origins.end(), entry.origins.begin(), entry.origins.end());
             }
         }
     }
@@ -744,8 +753,21 @@ Selection SelectFoods(const usda::Source& source)
 
     // 7. The Favorites group starts with its one empty entry.
     selection.records.push_back(FoodRecord{std::string(kFavoritesGroup), kFavoritesSubgroup, "", "", {}});
+    selection.origins.push_back(RecordOrigin{});
 
-    std::sort(selection.records.begin(), selection.records.end(), RecordLess);
+    std::vector<std::size_t> order(selection.records.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t a, std::size_t b) { return RecordLess(selection.records[a], selection.records[b]); });
+    std::vector<FoodRecord> records;
+    std::vector<RecordOrigin> origins;
+    for (std::size_t i : order) {
+        records.push_back(std::move(selection.records[i]));
+        origins.push_back(std::move(selection.origins[i]));
+    }
+    selection.records = std::move(records);
+    selection.origins = std::move(origins);
     return selection;
 }
 
@@ -767,6 +789,20 @@ std::string MakeDatabaseBytes(const std::string& usdaFolder, Selection* selectio
     if (selection)
         *selection = std::move(made);
     return bytes;
+}
+
+std::string NamesText(const Selection& selection)
+{
+    std::string out;
+    for (std::size_t i = 0; i < selection.records.size(); ++i) {
+        const FoodRecord& r = selection.records[i];
+        const RecordOrigin& o = selection.origins[i];
+        if (o.ndbNo.empty())
+            continue;
+        out += o.ndbNo + '^' + std::to_string(o.seq) + '^' + std::to_string(o.gramsHundredths) + '^' + r.group + '^' +
+               r.subgroup + '^' + r.description + '^' + r.measure + "\r\n";
+    }
+    return out;
 }
 
 Selection MakeDatabase(const std::string& usdaFolder, const std::string& outputPath)

@@ -29,8 +29,19 @@ inline constexpr const char* kFavoritesSubgroup = "My Favorites";
 // At most this many measures of one food.
 inline constexpr int kMeasuresPerFood = 3;
 
+// Where a record comes from: the USDA food and the line of WEIGHT.txt whose
+// gram weight its values are for.
+struct RecordOrigin {
+    std::string ndbNo;
+    int seq = 0;
+    std::int64_t gramsHundredths = 0;
+
+    bool operator==(const RecordOrigin&) const = default;
+};
+
 struct Selection {
     std::vector<FoodRecord> records;  // in table order
+    std::vector<RecordOrigin> origins;  // one per record; empty for the Favorites entry
     int foodsRead = 0;                // foods in FOOD_DES.txt
     int foodsKept = 0;                // foods with at least one record
 };
@@ -61,6 +72,13 @@ void FillTable(FoodTable& table, const std::vector<FoodRecord>& records);
 
 // The bytes of data.dat made from the USDA files in usdaFolder.
 std::string MakeDatabaseBytes(const std::string& usdaFolder, Selection* selection = nullptr);
+
+// One line per record, in table order, CR LF ended: the USDA food id, the
+// WEIGHT.txt line number, the grams in hundredths and the four texts,
+// separated by "^" as the USDA files separate their fields. The names of a
+// release kept this way let a later release say which of its foods were
+// renamed.
+std::string NamesText(const Selection& selection);
 
 // Makes the database from the USDA files in usdaFolder and saves it to
 // outputPath with the model's writer; returns what was chosen.
