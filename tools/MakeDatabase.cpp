@@ -1,9 +1,11 @@
-// platewell_makedb <usda-folder> <output data.dat>
+// platewell_makedb <source-folder> <output data.dat> <output renames.inc> [names.txt]
 //
 // Makes the delivered food database from the public-domain USDA National
 // Nutrient Database for Standard Reference, Release 21 (FOOD_DES.txt,
-// ABBREV.txt, WEIGHT.txt in usda-folder) and writes it with the model's own
-// data-file writer. The same files always give the same bytes.
+// ABBREV.txt, WEIGHT.txt in source-folder/usda-sr21) and writes it with the
+// model's own data-file writer, and the table of the foods it names otherwise
+// than the earlier release (source-folder/earlier-names.txt) for the program
+// to compile in. The same files always give the same bytes.
 //
 // Which foods are kept (tools/dbmaker/DatabaseMaker.cpp holds the tables):
 //
@@ -70,21 +72,24 @@
 
 int main(int argc, char** argv)
 {
-    if (argc != 3 && argc != 4) {
-        std::fprintf(stderr, "usage: %s <usda-folder> <output data.dat> [names.txt]\n", argc > 0 ? argv[0] : "platewell_makedb");
+    if (argc != 4 && argc != 5) {
+        std::fprintf(stderr, "usage: %s <source-folder> <output data.dat> <output renames.inc> [names.txt]\n",
+                     argc > 0 ? argv[0] : "platewell_makedb");
         return 2;
     }
     try {
-        const pw::dbmaker::Selection made = pw::dbmaker::MakeDatabase(argv[1], argv[2]);
-        if (argc == 4)
-            pw::WriteFileAtomic(argv[3], pw::dbmaker::NamesText(made));
+        const pw::dbmaker::MadeDatabase made = pw::dbmaker::MakeDatabase(argv[1]);
+        pw::WriteFileAtomic(argv[2], made.dataFile);
+        pw::WriteFileAtomic(argv[3], made.renamesSource);
+        if (argc == 5)
+            pw::WriteFileAtomic(argv[4], pw::dbmaker::NamesText(made.selection));
         std::map<std::string, int> perGroup;
-        for (const auto& record : made.records)
+        for (const auto& record : made.selection.records)
             ++perGroup[record.group];
         for (const auto& [group, count] : perGroup)
             std::printf("%5d  %s\n", count, group.c_str());
-        std::printf("%5zu  records from %d of %d foods written to %s\n", made.records.size(), made.foodsKept,
-                    made.foodsRead, argv[2]);
+        std::printf("%5zu  records from %d of %d foods written to %s\n", made.selection.records.size(),
+                    made.selection.foodsKept, made.selection.foodsRead, argv[2]);
         return 0;
     } catch (const std::exception& e) {
         std::fprintf(stderr, "platewell_makedb: %s\n", e.what());

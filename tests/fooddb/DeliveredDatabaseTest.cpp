@@ -2,6 +2,7 @@
 // chooser needs, and is exactly what the maker makes from the USDA files.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <set>
@@ -12,6 +13,7 @@
 #include "dbmaker/DatabaseMaker.h"
 #include "dbmaker/FoodNames.h"
 #include "fooddb/DataFile.h"
+#include "analysis/AnalysisOpening.h"
 #include "fooddb/FoodGroups.h"
 
 namespace {
@@ -20,7 +22,14 @@ using namespace pw;
 
 const std::string kSourceDir = PLATEWELL_SOURCE_DIR;
 const std::string kDataFile = kSourceDir + "/data/data.dat";
-const std::string kUsdaFolder = kSourceDir + "/data/source/usda-sr21";
+const std::string kSources = kSourceDir + "/data/source";
+const std::string kRenamesFile = kSourceDir + "/src/fooddb/DeliveredRenames.inc";
+
+const dbmaker::MadeDatabase& Fresh()
+{
+    static const dbmaker::MadeDatabase made = dbmaker::MakeDatabase(kSources);
+    return made;
+}
 
 const std::string& Bytes()
 {
@@ -176,13 +185,123 @@ TEST(DeliveredDatabase, EveryRecordIsAPlainGenericFoodInInsertOrder)
         EXPECT_LE(entries.size(), static_cast<std::size_t>(dbmaker::kMeasuresPerFood)) << key;
 }
 
-TEST(DeliveredDatabase, CommittedFileEqualsAFreshGeneration)
+TEST(DeliveredDatabase, CommittedFilesEqualAFreshGeneration)
 {
-    dbmaker::Selection selection;
-    const std::string fresh = dbmaker::MakeDatabaseBytes(kUsdaFolder, &selection);
-    EXPECT_EQ(static_cast<int>(selection.records.size()), Table().Count());
-    ASSERT_EQ(fresh.size(), Bytes().size());
-    EXPECT_TRUE(fresh == Bytes()) << "data/data.dat is stale: build the regenerate_database target";
+    EXPECT_EQ(static_cast<int>(Fresh().selection.records.size()), Table().Count());
+    ASSERT_EQ(Fresh().dataFile.size(), Bytes().size());
+    EXPECT_TRUE(Fresh().dataFile == Bytes()) << "data/data.dat is stale: build the regenerate_database target";
+    EXPECT_TRUE(Fresh().renamesSource == ReadWholeFile(kRenamesFile))
+        << "src/fooddb/DeliveredRenames.inc is stale: build the regenerate_database target";
+}
+
+// value x grams / 100 with halves to even, worked out here on its own.
+std::int32_t Recompute(std::int64_t per100gHundredths, std::int64_t gramsHundredths)
+{
+    const std::lldiv_t d = std::lldiv(per100gHundredths * gramsHundredths, 1'000'000);
+    const bool up = 2 * d.rem > 1'000'000 || (2 * d.rem == 1'000'000 && d.quot % 2 == 1);
+    return static_cast<std::int32_t>(d.quot + (up ? 1 : 0));
+}
+
+// What a dietitian checks on every record of the delivered file: no brand,
+// no measure that says other than its weight, a size on every serving, no
+// clutter, no calories the whole grams distort, one spelling per subgroup,
+// sentence case; and every value the exact recomputation from USDA.
+TEST(DeliveredDatabase, EveryRecordKeepsTheRulesAndRecomputesFromUsda)
+{
+    const usda::Source source = usda::ReadSource(kSources + "/usda-sr21");
+    const dbmaker::Selection& made = Fresh().selection;
+    ASSERT_EQ(made.records.size(), made.origins.size());
+    std::map<std::string, std::map<std::string, int>> subgroups;
+    std::set<std::string> incomplete;
+    std::map<std::string, const usda::FoodDescription*> foods;
+    for (const auto& f : source.foods)
+        foods[f.ndbNo] = &f;
+    for (std::size_t i = 0; i < made.records.size(); ++i) {
+        const FoodRecord& r = made.records[i];
+        const dbmaker::RecordOrigin& o = made.origins[i];
+        if (r.group == kFavoritesGroup)
+            continue;
+        SCOPED_TRACE(r.subgroup + " / " + r.description + " / " + r.measure);
+        ++subgroups[r.group][r.subgroup];
+        for (const std::string* text : {&r.subgroup, &r.description, &r.measure})
+            EXPECT_FALSE(dbmaker::NamesBrand(*text));
+        const std::string measure = dbmaker::Lower(r.measure);
+        EXPECT_EQ(measure.find("servings per"), std::string::npos);
+        if (measure.find("serving") != std::string::npos)
+            EXPECT_TRUE(measure.size() > 3 && measure.compare(measure.size() - 3, 3, " g)") == 0) << measure;
+        const std::string unit = measure.substr(measure.find(' ') + 1);
+        EXPECT_TRUE(unit != "g" && unit != "ml" && unit != "grams" && unit[0] != '(' && measure.find("size cup") == std::string::npos);
+        EXPECT_EQ(dbmaker::SentenceCase(r.subgroup), r.subgroup);
+        EXPECT_EQ(dbmaker::SentenceCase(r.description), r.description);
+
+        const usda::Nutrients& n = source.nutrients.at(o.ndbNo);
+        if (!n.complete)
+            incomplete.insert(o.ndbNo);
+        const bool alcoholic = foods.at(o.ndbNo)->longDesc.rfind("Alcoholic beverage", 0) == 0;
+        EXPECT_FALSE(dbmaker::CaloriesDistorted(n, o.gramsHundredths, alcoholic));
+        const std::pair<Nutrient, std::int64_t> kept[] = {
+            {kProtein, n.protein}, {kCarbs, n.carbs},     {kFats, n.fat},       {kCholesterol, n.cholesterol},
+            {kFiber, n.fiber},     {kCalcium, n.calcium}, {kSodium, n.sodium},
+        };
+        for (const auto& [nutrient, per100g] : kept)
+            EXPECT_EQ(r.values[nutrient], Recompute(per100g, o.gramsHundredths)) << nutrient;
+        EXPECT_EQ(r.values[kCalories],
+                  ComputeCalories(r.values[kProtein], r.values[kCarbs], r.values[kFats], r.values[kAlcohol]));
+    }
+    for (const auto& [group, names] : subgroups)
+        EXPECT_TRUE(dbmaker::MergedSubgroups(names).empty()) << group;
+    // The manual's page on the data gives this count.
+    EXPECT_EQ(incomplete.size(), 89u);
+}
+
+// A list saved with the earlier database's names opens whole: every food of
+// it that is still delivered is found, renamed or not, with its quantity
+// scaled to the new measure; only the foods no longer delivered are told.
+TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
+{
+    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt"));
+    std::set<std::string> delivered;
+    for (const auto& o : Fresh().selection.origins)
+        delivered.insert(o.ndbNo);
+    std::vector<AnalysisItem> items;
+    std::vector<std::string> gone;
+    for (const auto& e : earlier) {
+        items.push_back(AnalysisItem{0, "3", e.names.group, e.names.subgroup, e.names.description, e.names.measure});
+        if (!delivered.count(e.origin.ndbNo))
+            gone.push_back(MissingFoodText(items.back()));
+    }
+    std::vector<FoodListEntry> rows;
+    std::vector<std::string> missing;
+    for (std::size_t at = 0; at < items.size(); at += 400) {  // a list holds 500 rows
+        const std::vector<AnalysisItem> part(items.begin() + static_cast<std::ptrdiff_t>(at),
+                                             items.begin() + static_cast<std::ptrdiff_t>(std::min(at + 400, items.size())));
+        OpenItems(part, Table(), DailyValues{}, [&](FoodListEntry e) { rows.push_back(std::move(e)); },
+                  [&](const std::string& text) { missing.push_back(text); });
+    }
+    EXPECT_EQ(missing, gone);
+    EXPECT_EQ(rows.size() + gone.size(), earlier.size());
+    EXPECT_LT(gone.size(), earlier.size() / 50) << "more than 2 % of the earlier foods are gone";
+    // A renamed food takes its new texts, and its quantity in the new measure.
+    bool scaled = false;
+    for (const auto& row : rows) {
+        EXPECT_EQ(Table().Subgroup(row.foodIndex), row.subgroup);
+        EXPECT_EQ(Table().Measure(row.foodIndex), row.measure);
+        if (row.subgroup == "Olives" && row.description == "Ripe, canned (small-extra large)" && row.measure == "2 large") {
+            EXPECT_EQ(row.quantityText, "1.5");  // 3 large olives
+            scaled = true;
+        }
+    }
+    EXPECT_TRUE(scaled);
+}
+
+TEST(DeliveredDatabase, ScaledQuantitiesReadInTheQuantityBox)
+{
+    const std::tuple<const char*, int, int, const char*> cases[] = {
+        {"3", 1, 2, "1.5"}, {"1", 1, 1, "1"}, {"2-1/2", 2, 1, "5"}, {"1/3", 1, 3, "0.111"},
+        {"1", 1420, 24400, "0.058"}, {"abc", 1, 2, "abc"}, {"", 1, 2, ""},
+    };
+    for (const auto& [text, numerator, denominator, expected] : cases)
+        EXPECT_EQ(ScaledQuantityText(text, numerator, denominator), expected) << text;
 }
 
 TEST(DatabaseMaker, ValuesPerMeasureRoundHalfToEven)
@@ -237,7 +356,10 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {3527, "oz", std::nullopt},  // 100 g in ounces: no household amount
         {1000, "cup (1 NLEA serving)", "1 cup"}, {1000, "oz ( 1 serving )", "1 oz"}, {1000, "serving (3 oz)", "3 oz"},
         {1000, "serving ( 3 oz )", "3 oz"}, {1000, "serving 1/2 cup", "1/2 cup"},
-        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", std::nullopt},
+        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", "1 serving (100 g)"},
+        {1000, "serving 9 servings per 24 oz package", "1 serving (100 g)"}, {1000, "small Serving", "1 small serving (100 g)"},
+        {1000, "box, single serving (.75 oz)", "1 box (0.75 oz)"}, {1000, "cookie (include Archway brand)", "1 cookie"},
+        {1000, "package, Little Debbie (twin wrapped)", "1 package (twin wrapped)"}, {1000, "Chiclets", std::nullopt},
         {1000, "chop, excluding refuse (yield from 1 raw chop, with refuse, weighing 151 g)", "1 chop"},
         {1000, "patty ( yield from 1/4 lb raw meat )", "1 patty"},
         {1000, "piece, cooked, excluding refuse (yield from 1 lb raw meat with refuse)", std::nullopt},
@@ -247,7 +369,7 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {4000, "teaspoon", "4 tsp"}, {1000, "fluid ounce", "1 fl oz"}, {1000, "tablespoonful", "1 tablespoonful"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit), c.expected) << c.amount << " " << c.unit;
+        EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit, 10000), c.expected) << c.amount << " " << c.unit;
 }
 
 TEST(DatabaseMaker, ChoosesEverydayMeasuresOfDifferentUnitsFirst)
@@ -257,10 +379,14 @@ TEST(DatabaseMaker, ChoosesEverydayMeasuresOfDifferentUnitsFirst)
         std::vector<std::size_t> expected;
     };
     const Case cases[] = {
-        // cheese: one cup form, then ounces and slices before more cups
-        {{"1 cup, diced", "1 cup, melted", "1 cup, shredded", "1 oz", "1 cubic inch", "1 slice (1 oz)"}, {0, 3, 5}},
-        // eggs: the odd sizes after large and medium
-        {{"1 cup (4.86 large eggs)", "1 extra large", "1 jumbo", "1 large", "1 medium"}, {0, 3, 4}},
+        // cheese: the slice, one cup form, then ounces before more cups
+        {{"1 cup, diced", "1 cup, melted", "1 cup, shredded", "1 oz", "1 cubic inch", "1 slice (1 oz)"}, {5, 0, 3}},
+        // eggs: the medium, the cup, then the large before odd sizes
+        {{"1 cup (4.86 large eggs)", "1 extra large", "1 jumbo", "1 large", "1 medium"}, {4, 0, 3}},
+        // bread: the standard slice before the large and thin ones
+        {{"1 cup, crumbs", "1 oz", "1 slice, large", "1 slice", "1 slice, thin"}, {3, 1, 0}},
+        // orange: the fruit, the cup, then a size
+        {{"1 cup, sections", "1 large (3-1/16\" dia)", "1 small", "1 fruit (2-5/8\" dia)"}, {3, 0, 1}},
         // bulk measures last, but still taken when nothing else is there
         {{"1 lb", "1 package (10 oz)", "1 cup"}, {2, 0, 1}},
         {{"1 cup", "1 tbsp"}, {0, 1}},
