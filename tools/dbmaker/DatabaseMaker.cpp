@@ -77,7 +77,7 @@ constexpr GroupPrefix kGroupPrefixes[] = {
     {kSoups, "soup"},          {kFastFoods, "fast foods"},          {kFastFoods, "fast food"},
     {kSnacks, "snacks"},       {kSnacks, "snack"},                  {kBeverages, "beverages"},
     {kBeverages, "beverage"},  {kBeverages, "alcoholic beverage"},  {kBeverages, "alcoholic beverages"},
-    {kDesserts, "snacks"},
+    {kDesserts, "snacks"},     {kDairy, "beverage"},
 };
 
 // Long descriptions whose commas do not separate general from specific: a
@@ -99,6 +99,7 @@ constexpr SubgroupRename kSubgroupRenames[] = {
     {kSnacks, "Corn-based", "Corn-based snacks"},
     {kFastFoods, "Entrees", "Fast-food entrees"},
     {kFastFoods, "Side dishes", "Fast-food side dishes"},
+    {kBeverages, "Rice (sake)", "Sake"},
 };
 
 // First parts that only name a family of foods: the next part is the
@@ -524,10 +525,14 @@ bool NameCandidate(Candidate& c, int shortenings)
         ++c.shortenings;
     }
     c.subgroup = SubgroupName(NormalizeSpacing(subgroup));
-    for (const auto& r : kSubgroupRenames)
-        if (r.group == c.group && c.subgroup == r.from)
-            c.subgroup = std::string(r.to);
     c.description = SentenceCase(NormalizeSpacing(description));
+    for (const auto& r : kSubgroupRenames) {
+        if (r.group == c.group && c.subgroup == r.from) {
+            if (c.description == c.subgroup)
+                c.description = std::string(r.to);
+            c.subgroup = std::string(r.to);
+        }
+    }
     return !c.subgroup.empty() && c.subgroup.size() <= static_cast<std::size_t>(kMaxTextField) &&
            c.description.size() <= static_cast<std::size_t>(kMaxTextField);
 }
@@ -792,9 +797,9 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
             int seq;
         };
         // The household measures as USDA lists them; one whose calories the
-        // whole-gram values distort is taken 2, 5 or 10 times instead, after
-        // the others, so that a larger measure of the food wins when there is
-        // one.
+        // whole-gram values distort is taken 2, 5 or 10 times instead, and
+        // only where the food has too few others, so that a larger measure
+        // of the food wins when there is one.
         std::vector<MeasureChoice> texts, scaled;
         auto add = [&](std::vector<MeasureChoice>& to, std::string text, std::int64_t grams, int seq) {
             for (const auto* list : {&texts, &scaled})
@@ -818,13 +823,14 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
                 break;
             }
         }
-        texts.insert(texts.end(), scaled.begin(), scaled.end());
-        std::vector<std::string> candidatesText;
-        for (const auto& t : texts)
-            candidatesText.push_back(t.first);
         std::vector<MeasureChoice> chosen;
-        for (std::size_t i : ChooseMeasures(candidatesText, kMeasuresPerFood))
-            chosen.push_back(texts[i]);
+        for (const auto* list : {&texts, &scaled}) {
+            std::vector<std::string> candidatesText;
+            for (const auto& t : *list)
+                candidatesText.push_back(t.first);
+            for (std::size_t i : ChooseMeasures(candidatesText, kMeasuresPerFood - chosen.size()))
+                chosen.push_back((*list)[i]);
+        }
         texts = std::move(chosen);
         if (texts.empty())
             continue;
