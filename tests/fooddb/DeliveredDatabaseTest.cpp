@@ -257,6 +257,31 @@ TEST(DeliveredDatabase, EveryRecordKeepsTheRulesAndRecomputesFromUsda)
         << incomplete.size() << " foods with an unknown value";
 }
 
+// The everyday foods a person logs are there with a household measure.
+TEST(DeliveredDatabase, EverydayFoodsAreThereWithAHouseholdMeasure)
+{
+    const std::tuple<const char*, const char*, const char*> foods[] = {
+        {"Cheese", "Feta", "1 oz"},
+        {"Cheese", "Edam", "1 oz"},
+        {"Potatoes", "Baked, flesh and skin, without salt", "1 potato medium"},
+        {"Cereals ready-to-eat", "Corn flakes, plain", "1 cup"},
+        {"Bread", "Whole-wheat, commercially prepared, toasted", "1 slice"},
+        {"Crackers", "Matzo, plain", "1 matzo"},
+        {"Pickles", "Cucumber, sour", "1 spear"},
+        {"Squash", "Winter, all varieties, baked, without salt", "1 cup, cubes"},
+        {"Tomatoes", "Red, ripe, raw, year round average", "1 medium whole (2-3/5\" dia)"},
+        {"Onions", "Raw", "1 medium (2-1/2\" dia)"},
+        {"Oranges", "Raw, all commercial varieties", "1 fruit (2-5/8\" dia)"},
+        {"Bread", "White, commercially prepared (includes soft bread crumbs)", "1 slice"},
+    };
+    for (const auto& [subgroup, description, measure] : foods) {
+        bool found = false;
+        for (int i = 0; i < Table().Count() && !found; ++i)
+            found = Table().Subgroup(i) == subgroup && Table().Description(i) == description && Table().Measure(i) == measure;
+        EXPECT_TRUE(found) << subgroup << " / " << description << " / " << measure;
+    }
+}
+
 // A list saved with the earlier database's names opens whole: every food of
 // it that is still delivered is found, renamed or not, with its quantity
 // scaled to the new measure; only the foods no longer delivered are told.
@@ -363,6 +388,8 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {1000, "serving 9 servings per 24 oz package", "1 serving (100 g)"}, {1000, "small Serving", "1 small serving (100 g)"},
         {1000, "box, single serving (.75 oz)", "1 box (0.75 oz)"}, {1000, "cookie (include Archway brand)", "1 cookie"},
         {1000, "package, Little Debbie (twin wrapped)", "1 package (twin wrapped)"}, {1000, "Chiclets", std::nullopt},
+        {1000, "jigger 1.5 fl oz", "1 jigger (1.5 fl oz)"}, {1000, "item 5.923 oz", "1 item (5.923 oz)"},
+        {1000, "child cup 12 fl oz size cup", "1 child cup (12 fl oz)"}, {45000, "g", std::nullopt},
         {1000, "chop, excluding refuse (yield from 1 raw chop, with refuse, weighing 151 g)", "1 chop"},
         {1000, "patty ( yield from 1/4 lb raw meat )", "1 patty"},
         {1000, "piece, cooked, excluding refuse (yield from 1 lb raw meat with refuse)", std::nullopt},

@@ -152,6 +152,24 @@ std::string CupSize(std::string text)
     return text;
 }
 
+// "jigger 1.5 fl oz" -> "jigger (1.5 fl oz)", "item 5.923 oz" -> "item
+// (5.923 oz)": the size after an item's name is a note on it.
+std::string SizeInParentheses(std::string text)
+{
+    for (std::string_view unit : {" fl oz", " oz"}) {
+        if (text.size() <= unit.size() || text.compare(text.size() - unit.size(), unit.size(), unit) != 0)
+            continue;
+        std::size_t start = text.size() - unit.size();
+        while (start > 0 && (std::isdigit(static_cast<unsigned char>(text[start - 1])) || text[start - 1] == '.'))
+            --start;
+        if (start == text.size() - unit.size() || start < 2 || text[start - 1] != ' ' ||
+            !std::isalpha(static_cast<unsigned char>(text[start - 2])))
+            return text;
+        return text.substr(0, start) + "(" + text.substr(start) + ")";
+    }
+    return text;
+}
+
 bool IsBareWeight(std::string_view unit)
 {
     const std::string lower = Lower(NormalizeSpacing(unit));
@@ -514,7 +532,7 @@ std::optional<std::string> MeasureText(std::int64_t amountThousandths, std::stri
         std::isdigit(static_cast<unsigned char>((*cleaned)[comma + 2 < cleaned->size() ? comma + 2 : comma])) &&
         EqualsNoCase(std::string_view(*cleaned).substr(cleaned->size() - std::min<std::size_t>(cleaned->size(), 9)), " servings"))
         cleaned->erase(comma);
-    *cleaned = CupSize(NormalizeSpacing(*cleaned));
+    *cleaned = SizeInParentheses(CupSize(NormalizeSpacing(*cleaned)));
     if (cleaned->empty() || cleaned->front() == '(' || IsBareWeight(*cleaned))
         return std::nullopt;
     std::string text = *amount + " " + *cleaned;
