@@ -16,13 +16,13 @@ std::string ScaledQuantityText(const std::string& quantityText, std::int32_t num
     if (numerator == denominator || quantity <= 0 || denominator <= 0)
         return quantityText;
     char scaled[32];
-    std::snprintf(scaled, sizeof scaled, "%.3f", static_cast<double>(quantity) * numerator / denominator);
+    std::snprintf(scaled, sizeof scaled, "%.2f", static_cast<double>(quantity) * numerator / denominator);
     std::string out = scaled;
     while (out.back() == '0')
         out.pop_back();
     if (out.back() == '.')
         out.pop_back();
-    return out == "0" ? "0.001" : out;
+    return out == "0" ? "0.01" : out;
 }
 
 AnalysisItem LocateItem(const AnalysisItem& item, const FoodTable& table, std::int16_t& index)

@@ -26,8 +26,8 @@ struct OpenedAnalysis {
 };
 
 // "3" of an old measure as a quantity of a new one numerator / denominator
-// times its size: "1.5" for 3 x 1/2; a quantity the quantity box reads. A
-// text that is no positive quantity stays as it is.
+// times its size: "1.5" for 3 x 1/2, to two decimals (never 0), a quantity
+// the quantity box reads. A text that is no positive quantity stays as it is.
 std::string ScaledQuantityText(const std::string& quantityText, std::int32_t numerator, std::int32_t denominator);
 
 // The item's food in table: by its four texts, else, for a food the

@@ -325,8 +325,8 @@ TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
 TEST(DeliveredDatabase, ScaledQuantitiesReadInTheQuantityBox)
 {
     const std::tuple<const char*, int, int, const char*> cases[] = {
-        {"3", 1, 2, "1.5"}, {"1", 1, 1, "1"}, {"2-1/2", 2, 1, "5"}, {"1/3", 1, 3, "0.111"},
-        {"1", 1420, 24400, "0.058"}, {"abc", 1, 2, "abc"}, {"", 1, 2, ""},
+        {"3", 1, 2, "1.5"}, {"1", 1, 1, "1"}, {"2-1/2", 2, 1, "5"}, {"1/3", 1, 3, "0.11"},
+        {"1", 1420, 24400, "0.06"}, {"1", 1, 1000, "0.01"}, {"abc", 1, 2, "abc"}, {"", 1, 2, ""},
     };
     for (const auto& [text, numerator, denominator, expected] : cases)
         EXPECT_EQ(ScaledQuantityText(text, numerator, denominator), expected) << text;
