@@ -33,7 +33,7 @@ const dbmaker::MadeDatabase& Fresh()
 
 const std::string& Bytes()
 {
-    static const std::string bytes = ReadWholeFile(kDataFile);
+    static const std::string bytes = ReadWholeFile(kDataFile, kDataFileLimit);
     return bytes;
 }
 
