@@ -190,7 +190,7 @@ TEST(DeliveredDatabase, CommittedFilesEqualAFreshGeneration)
     EXPECT_EQ(static_cast<int>(Fresh().selection.records.size()), Table().Count());
     ASSERT_EQ(Fresh().dataFile.size(), Bytes().size());
     EXPECT_TRUE(Fresh().dataFile == Bytes()) << "data/data.dat is stale: build the regenerate_database target";
-    EXPECT_TRUE(Fresh().renamesSource == ReadWholeFile(kRenamesFile))
+    EXPECT_TRUE(Fresh().renamesSource == ReadWholeFile(kRenamesFile, std::size_t(1) << 30))
         << "src/fooddb/DeliveredRenames.inc is stale: build the regenerate_database target";
 }
 
@@ -252,7 +252,7 @@ TEST(DeliveredDatabase, EveryRecordKeepsTheRulesAndRecomputesFromUsda)
     for (const auto& [group, names] : subgroups)
         EXPECT_TRUE(dbmaker::MergedSubgroups(names).empty()) << group;
     // The manual's page on the data gives their count.
-    const std::string manual = ReadWholeFile(kSourceDir + "/data/pw.hlp");
+    const std::string manual = ReadWholeFile(kSourceDir + "/data/pw.hlp", kHelpFileLimit);
     EXPECT_NE(manual.find(std::to_string(incomplete.size()) + " of the delivered foods are such foods"), std::string::npos)
         << incomplete.size() << " foods with an unknown value";
 }
@@ -287,7 +287,7 @@ TEST(DeliveredDatabase, EverydayFoodsAreThereWithAHouseholdMeasure)
 // scaled to the new measure; only the foods no longer delivered are told.
 TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
 {
-    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt"));
+    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt", std::size_t(1) << 30));
     std::set<std::string> delivered;
     for (const auto& o : Fresh().selection.origins)
         delivered.insert(o.ndbNo);

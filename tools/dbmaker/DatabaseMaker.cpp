@@ -969,7 +969,7 @@ MadeDatabase MakeDatabase(const std::string& sourceFolder)
     std::vector<EarlierRecord> earlier;
     const std::string earlierPath = JoinPath(sourceFolder, "earlier-names.txt");
     if (std::ifstream(earlierPath).good())
-        earlier = ParseEarlierNames(ReadWholeFile(earlierPath));
+        earlier = ParseEarlierNames(ReadWholeFile(earlierPath, std::size_t(1) << 30));
     std::set<std::string> earlierFoods;
     for (const auto& e : earlier)
         earlierFoods.insert(e.origin.ndbNo);
