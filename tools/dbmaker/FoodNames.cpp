@@ -139,9 +139,26 @@ std::optional<std::string> ServingKind(std::string_view unit)
     return std::nullopt;
 }
 
-// "child cup 12 fl oz size cup" -> "child cup (12 fl oz)".
+// "child cup 12 fl oz size cup" -> "child cup (12 fl oz)", "cup medium 21 fl
+// oz size" -> "medium cup (21 fl oz)", "8 oz container (8 oz)" -> "container
+// (8 oz)".
 std::string CupSize(std::string text)
 {
+    if (text.rfind("cup ", 0) == 0 && text.size() > 9 && text.compare(text.size() - 5, 5, " size") == 0) {
+        const std::string rest = text.substr(4, text.size() - 9);  // "medium 21 fl oz"
+        const std::size_t blank = rest.find(' ');
+        if (blank != std::string::npos && blank + 1 < rest.size() &&
+            std::isdigit(static_cast<unsigned char>(rest[blank + 1])))
+            return rest.substr(0, blank) + " cup (" + rest.substr(blank + 1) + ")";
+    }
+    if (const std::size_t note = text.find(" ("); note != std::string::npos && !text.empty() &&
+                                                  std::isdigit(static_cast<unsigned char>(text[0]))) {
+        const std::size_t blank = text.find(' ');
+        const std::size_t second = text.find(' ', blank + 1);
+        if (second != std::string::npos && second < note && text.substr(blank + 1, second - blank - 1) == "oz" &&
+            text.find(text.substr(0, second), note) != std::string::npos)
+            return text.substr(second + 1);
+    }
     const std::string tail = " size cup";
     if (text.size() > tail.size() && text.compare(text.size() - tail.size(), tail.size(), tail) == 0) {
         text.erase(text.size() - tail.size());
@@ -287,7 +304,7 @@ constexpr std::string_view kProperNames[] = {
     "Franc", "French", "Fuji", "Fume", "Gala", "Gamay", "Genoa", "German", "Gewurztraminer", "Golden", "Granny",
     "Greek", "Greenland", "Grigio", "Gris", "Hawaiian", "Indian", "Irish", "Italian", "Japanese", "Jerusalem",
     "Lemberger", "Lima", "Macintosh", "McIntosh", "Merlot", "Mexican", "Mouvedre", "Muller", "Muscat", "New", "Noir",
-    "Northern", "Pacific", "Petite", "Pinot", "Polish", "Red Delicious", "Riesling", "Romano", "Russian", "Sangiovese",
+    "Northern", "Norwegian", "Pacific", "Petite", "Pinot", "Polish", "Red Delicious", "Riesling", "Romano", "Russian", "Sangiovese",
     "Sauvignon", "Scotch", "Semillon", "Sirah", "Smith", "Southwest", "Spanish", "Swedish", "Swiss", "Syrah", "Thai",
     "Thompson", "Thurgau", "Thuringer", "Valencia", "Vienna", "Wisconsin", "Zealand", "Zinfandel",
 };
@@ -438,7 +455,7 @@ std::optional<std::string> CleanMeasureUnit(std::string_view unit)
     }
     // One spelling per unit: "tablespoon" and "tbsp" are one measure.
     static constexpr std::pair<std::string_view, std::string_view> spellings[] = {
-        {"tablespoons", "tbsp"}, {"tablespoon", "tbsp"}, {"teaspoons", "tsp"},
+        {"tablespoons", "tbsp"}, {"tablespoon", "tbsp"}, {"teaspoons", "tsp"}, {"tbsp", "tbsp"},
         {"teaspoon", "tsp"},     {"fluid ounce", "fl oz"}, {"fl. oz", "fl oz"},
     };
     for (const auto& [from, to] : spellings) {
@@ -482,7 +499,11 @@ bool NamesBrand(std::string_view text)
 std::optional<std::string> MeasureText(std::int64_t amountThousandths, std::string_view rawUnit,
                                        std::int64_t gramsHundredths)
 {
-    const std::string unit = LeadingZeros(WithoutBrands(NormalizeSpacing(rawUnit)));
+    std::string unit = LeadingZeros(WithoutBrands(NormalizeSpacing(rawUnit)));
+    // Survey shorthand: "avocado, NS as to Florida or California", "5 in long X 3/4 in dia".
+    for (const auto& [from, to] : {std::pair<std::string_view, std::string_view>{"NS as to ", ""}, {" X ", " x "}})
+        for (auto at = unit.find(from); at != std::string::npos; at = unit.find(from, at + to.size()))
+            unit.replace(at, from.size(), to);
     if (unit.empty() || unit.front() == '(' || IsBareWeight(unit))
         return std::nullopt;
     if (amountThousandths == 1000) {
@@ -504,7 +525,8 @@ std::optional<std::string> MeasureText(std::int64_t amountThousandths, std::stri
                     }
                 }
                 if (amount && !sizeUnit.empty() && !EqualsNoCase(sizeUnit, "g") && !EqualsNoCase(sizeUnit, "grams")) {
-                    std::string text = *amount + " " + std::string(sizeUnit);
+                    const auto spelled = CleanMeasureUnit(sizeUnit);
+                    std::string text = *amount + " " + (spelled ? *spelled : std::string(sizeUnit));
                     if (text.size() <= static_cast<std::size_t>(kMaxTextField))
                         return text;
                 }
@@ -535,6 +557,12 @@ std::optional<std::string> MeasureText(std::int64_t amountThousandths, std::stri
     *cleaned = SizeInParentheses(CupSize(NormalizeSpacing(*cleaned)));
     if (cleaned->empty() || cleaned->front() == '(' || IsBareWeight(*cleaned))
         return std::nullopt;
+    // "Potato medium", "Gherkin": a measure reads in lower case like the rest.
+    *cleaned = SentenceCase(*cleaned);
+    if (!cleaned->empty() && std::isupper(static_cast<unsigned char>((*cleaned)[0])) &&
+        (cleaned->size() < 2 || std::islower(static_cast<unsigned char>((*cleaned)[1]))) &&
+        !IsProperName(cleaned->substr(0, cleaned->find_first_of(" ,("))))
+        (*cleaned)[0] = static_cast<char>(std::tolower(static_cast<unsigned char>((*cleaned)[0])));
     std::string text = *amount + " " + *cleaned;
     if (text.size() > static_cast<std::size_t>(kMaxTextField))
         text = *amount + " " + RemoveNotes(*cleaned, [](std::string_view) { return true; });
@@ -620,6 +648,10 @@ std::vector<std::size_t> ChooseMeasures(const std::vector<std::string>& measureT
     auto rankOf = [&](const std::string& text) {
         if (IsBulkMeasure(text))
             return 300;
+        // "1 6-8 shrimp": a count inside the unit.
+        if (const std::size_t blank = text.find(' ');
+            blank != std::string::npos && blank + 1 < text.size() && std::isdigit(static_cast<unsigned char>(text[blank + 1])))
+            return 200;
         const std::string lower = Lower(text);
         for (std::string_view word : oddWords)
             if (lower.find(word) != std::string::npos)
