@@ -39,6 +39,11 @@ AnalysisItem LocateItem(const AnalysisItem& item, const FoodTable& table, std::i
     renamed.description = rename->newDescription;
     renamed.measure = rename->newMeasure;
     renamed.quantityText = ScaledQuantityText(item.quantityText, rename->quantityNumerator, rename->quantityDenominator);
+    // A quantity beyond what the quantity box takes would make the list, once
+    // saved again, no list file: such a food is told as gone.
+    std::string scaled = renamed.quantityText;
+    if (ParseQuantity(scaled) > kMaxQuantity)
+        return item;
     index = item.foodIndex;
     ItemLocation(table, renamed.group, renamed.subgroup, renamed.description, renamed.measure, index);
     return index >= 0 ? renamed : item;

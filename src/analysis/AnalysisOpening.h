@@ -33,7 +33,8 @@ std::string ScaledQuantityText(const std::string& quantityText, std::int32_t num
 // The item's food in table: by its four texts, else, for a food the
 // delivered database renamed, by its new texts, the quantity scaled to the
 // new measure. Returns the item as found (renamed or not); index is -1 when
-// the food is not there.
+// the food is not there, or when the scaled quantity would exceed what the
+// quantity box takes.
 AnalysisItem LocateItem(const AnalysisItem& item, const FoodTable& table, std::int16_t& index);
 
 // The items of a list file turned back into rows, in file order: each

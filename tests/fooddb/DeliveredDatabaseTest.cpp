@@ -15,6 +15,8 @@
 #include "fooddb/DataFile.h"
 #include "analysis/AnalysisOpening.h"
 #include "fooddb/FoodGroups.h"
+#include "fooddb/FoodRenames.h"
+#include "foodlist/Quantity.h"
 
 namespace {
 
@@ -320,6 +322,38 @@ TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
         }
     }
     EXPECT_TRUE(scaled);
+}
+
+// An old measure lighter than every new one of its food: a small quantity
+// opens scaled up, one that would go beyond what the quantity box takes is
+// told as gone instead of making a list that could not be opened again.
+TEST(DeliveredDatabase, ARenamedFoodNeverOpensBeyondTheLargestQuantity)
+{
+    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt", std::size_t(1) << 30));
+    const FoodRename* grown = nullptr;
+    AnalysisItem item;
+    for (const auto& e : earlier) {
+        const FoodRename* r = FindFoodRename(e.names.group, e.names.subgroup, e.names.description, e.names.measure);
+        if (r && r->quantityNumerator > 2 * r->quantityDenominator) {
+            grown = r;
+            item = AnalysisItem{0, "", e.names.group, e.names.subgroup, e.names.description, e.names.measure};
+            break;
+        }
+    }
+    ASSERT_NE(grown, nullptr);
+    for (const char* quantity : {"1", "99"}) {
+        item.quantityText = quantity;
+        std::int16_t index = -1;
+        const AnalysisItem found = LocateItem(item, Table(), index);
+        std::string text = found.quantityText;
+        if (std::string(quantity) == "1") {
+            ASSERT_GE(index, 0);
+            EXPECT_EQ(found.measure, grown->newMeasure);
+            EXPECT_GT(ParseQuantity(text), 2.0f);
+        } else {
+            EXPECT_EQ(index, -1);
+        }
+    }
 }
 
 TEST(DeliveredDatabase, ScaledQuantitiesReadInTheQuantityBox)

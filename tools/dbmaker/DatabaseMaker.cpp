@@ -1022,15 +1022,15 @@ std::vector<RenamedRecord> Renames(const Selection& selection, const std::vector
         const auto food = byFood.find(old.origin.ndbNo);
         if (food == byFood.end())
             continue;  // gone: the list says so
-        // The same weight line, else the same weight, else the food's
-        // measure nearest in weight.
+        // The same weight line, else the lightest measure at least as heavy
+        // (a quantity then only gets smaller, and stays one the quantity box
+        // takes), else the heaviest.
         std::size_t best = food->second.front();
         auto score = [&](std::size_t i) {
             const RecordOrigin& o = selection.origins[i];
-            const std::int64_t apart = o.gramsHundredths > old.origin.gramsHundredths
-                                           ? o.gramsHundredths - old.origin.gramsHundredths
-                                           : old.origin.gramsHundredths - o.gramsHundredths;
-            return std::make_tuple(o.seq == old.origin.seq ? 0 : 1, apart, i);
+            const bool heavier = o.gramsHundredths >= old.origin.gramsHundredths;
+            return std::make_tuple(o.seq == old.origin.seq ? 0 : 1, heavier ? 0 : 1,
+                                   heavier ? o.gramsHundredths : -o.gramsHundredths, i);
         };
         for (std::size_t i : food->second)
             if (score(i) < score(best))

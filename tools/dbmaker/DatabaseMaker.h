@@ -95,7 +95,8 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
 
 // An earlier record's texts and the record of this release that stands for
 // it: the same USDA food, by the same weight line where it is still kept,
-// else by another of the food's measures. A quantity of the old measure is
+// else by the lightest of the food's measures at least as heavy, else by its
+// heaviest. A quantity of the old measure is
 // quantityNumerator / quantityDenominator times as many of the new one.
 struct RenamedRecord {
     FoodRecord from;  // texts only
