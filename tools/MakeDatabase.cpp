@@ -66,8 +66,8 @@
 //     = value per 100 g x grams / 100, rounded half to even, exactly.
 //  6. Alcohol, for alcoholic beverages only: (Energ_Kcal - 4 Protein -
 //     4 Carbohydrt - 9 Lipid_Tot) / 7 per 100 g, never below zero.
-//  7. How many. Each group has a share of records (370 Meats, 430
-//     Vegetables, ...; about 3,650 in all, so at least 300 of the 4,000
+//  7. How many. Each group has a share of records (370 Meats, 440
+//     Vegetables, ...; about 3,700 in all, so at least 300 of the 4,000
 //     places stay free). Within a group, foods are taken one at a time from
 //     the subgroup whose share so far, (taken + 1) / sqrt(its foods), is
 //     smallest, its most common food first. Most common: a short list of
@@ -106,8 +106,13 @@ int main(int argc, char** argv)
         std::map<std::string, int> perGroup;
         for (const auto& record : made.selection.records)
             ++perGroup[record.group];
-        for (const auto& [group, count] : perGroup)
-            std::printf("%5d  %s\n", count, group.c_str());
+        for (const auto& [group, count] : perGroup) {
+            const auto left = made.selection.surveyFoodsLeftForRoom.find(group);
+            std::printf("%5d  %s", count, group.c_str());
+            if (left != made.selection.surveyFoodsLeftForRoom.end())
+                std::printf(" (%d survey foods left out for room)", left->second);
+            std::printf("\n");
+        }
         std::printf("%5zu  records from %d of %d foods written to %s\n", made.selection.records.size(),
                     made.selection.foodsKept, made.selection.foodsRead, argv[2]);
         return 0;

@@ -126,10 +126,10 @@ struct GroupBudget {
     int records;
 };
 constexpr GroupBudget kBudgets[] = {
-    {kBakery, 360},    {kBeverages, 190}, {kCondiments, 180}, {kDairy, 270},  {kDesserts, 320},
+    {kBakery, 370},    {kBeverages, 190}, {kCondiments, 180}, {kDairy, 270},  {kDesserts, 330},
     {kFastFoods, 170}, {kFatsOils, 110},  {kFruits, 310},     {kMeals, 45},   {kMeats, 370},
     {kNuts, 240},      {kPoultry, 180},   {kSeafood, 190},    {kSnacks, 140}, {kSoups, 170},
-    {kVegetables, 430},
+    {kVegetables, 440},
 };
 
 // Words that make a food less likely to be the one a person looks for: each
@@ -923,6 +923,10 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
                 selection.origins.insert(selection.origins.end(), entry.origins.begin(), entry.origins.end());
             }
         }
+        for (const auto& [subgroup, foods] : group->second)
+            for (const Entry& e : foods)
+                if (e.candidate->food->survey && !keptFoods.count(e.candidate->food->longDesc))
+                    ++selection.surveyFoodsLeftForRoom[std::string(budget.group)];
     }
 
     // Every staple must have made it: a missing one means the USDA text or

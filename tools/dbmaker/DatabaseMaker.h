@@ -5,6 +5,7 @@
 // tools/MakeDatabase.cpp.
 #include <array>
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string_view>
 #include <string>
@@ -46,6 +47,9 @@ struct Selection {
     std::vector<RecordOrigin> origins;  // one per record; empty for the Favorites entry
     int foodsRead = 0;                // foods in FOOD_DES.txt
     int foodsKept = 0;                // foods with at least one record
+    // Per group: foods of the national dietary survey that passed every rule
+    // but found no room in their group's share.
+    std::map<std::string, int> surveyFoodsLeftForRoom;
 };
 
 // value per 100 g x grams / 100, both in hundredths, rounded half to even
