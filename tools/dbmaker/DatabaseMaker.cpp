@@ -882,7 +882,8 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
             continue;
         struct Queue {
             std::vector<Entry>* foods;
-            std::size_t surveyFoods = 0;
+            std::size_t firstFoods = 0;   // staples and the earlier release's foods
+            std::size_t surveyFoods = 0;  // those and the survey's foods
             std::size_t next = 0;
             std::int64_t taken = 0;
         };
@@ -892,17 +893,20 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
                 return std::tie(a.commonness, a.candidate->food->ndbNo) <
                        std::tie(b.commonness, b.candidate->food->ndbNo);
             });
+            const auto first = std::count_if(foods.begin(), foods.end(), [](const Entry& e) { return e.commonness < 0; });
             const auto survey = std::count_if(foods.begin(), foods.end(), [](const Entry& e) {
                 return e.candidate->food->survey || e.commonness < 0;
             });
-            queues.push_back(Queue{&foods, static_cast<std::size_t>(survey)});
+            queues.push_back(Queue{&foods, static_cast<std::size_t>(first), static_cast<std::size_t>(survey)});
         }
         int left = budget.records;
-        for (const bool surveyOnly : {true, false}) {
+        // Staples and the earlier release's foods first, then the survey's,
+        // then the rest.
+        for (const int tier : {0, 1, 2}) {
             while (left > 0) {
                 Queue* best = nullptr;
                 for (auto& q : queues) {
-                    if (q.next >= (surveyOnly ? q.surveyFoods : q.foods->size()))
+                    if (q.next >= (tier == 0 ? q.firstFoods : tier == 1 ? q.surveyFoods : q.foods->size()))
                         continue;
                     // (q.taken + 1)^2 / size < (best.taken + 1)^2 / best.size
                     const auto size = static_cast<std::int64_t>(q.foods->size());
