@@ -314,8 +314,9 @@ TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
     // Only a food whose unknown value a complete one of its kind replaces is gone.
     const usda::Source source = usda::ReadSource(kSources + "/usda-sr21");
     for (const auto& e : earlier)
-        if (!delivered.count(e.origin.ndbNo))
+        if (!delivered.count(e.origin.ndbNo)) {
             EXPECT_FALSE(source.nutrients.at(e.origin.ndbNo).complete) << e.names.subgroup << " / " << e.names.description;
+        }
     // A renamed food takes its new texts, and its quantity in the new measure.
     bool scaled = false;
     for (const auto& row : rows) {
