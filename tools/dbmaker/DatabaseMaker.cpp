@@ -799,10 +799,11 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
         // The household measures as USDA lists them; one whose calories the
         // whole-gram values distort is taken 2, 5 or 10 times instead, and
         // only where the food has too few others, so that a larger measure
-        // of the food wins when there is one.
-        std::vector<MeasureChoice> texts, scaled;
+        // of the food wins when there is one. A food with none of either
+        // keeps its spoonfuls: it has next to nothing in one (capers, agar).
+        std::vector<MeasureChoice> texts, scaled, spoonfuls;
         auto add = [&](std::vector<MeasureChoice>& to, std::string text, std::int64_t grams, int seq) {
-            for (const auto* list : {&texts, &scaled})
+            for (const auto* list : {&texts, &scaled, &spoonfuls})
                 if (std::any_of(list->begin(), list->end(), [&](const auto& t) { return t.first == text; }))
                     return;
             to.push_back(MeasureChoice{std::move(text), grams, seq});
@@ -815,16 +816,30 @@ Selection SelectFoods(const usda::Source& source, const std::set<std::string>& e
                     add(texts, std::move(*text), m.grams, m.seq);
                 continue;
             }
+            // A spoon or a cup is doubled at most: "2 tbsp", never "10 tbsp".
+            const auto natural = MeasureText(m.amount, m.unit, m.grams);
+            const std::string unit = natural ? Lower(natural->substr(natural->find(' ') + 1)) : std::string();
+            const bool volume = unit.rfind("cup", 0) == 0 || unit.rfind("tbsp", 0) == 0 || unit.rfind("tsp", 0) == 0 ||
+                                unit.rfind("fl oz", 0) == 0;
+            bool taken = false;
             for (int factor : kScaleFactors) {
+                if (volume && (factor > 2 || m.amount != 1000))
+                    break;
                 if (CaloriesDistorted(n, m.grams * factor, alcoholic))
                     continue;
-                if (auto text = ScaledMeasureText(m.amount, m.unit, m.grams, factor))
+                if (auto text = ScaledMeasureText(m.amount, m.unit, m.grams, factor)) {
                     add(scaled, std::move(*text), m.grams * factor, m.seq);
+                    taken = true;
+                }
                 break;
             }
+            if (!taken && natural && volume)
+                add(spoonfuls, *natural, m.grams, m.seq);
         }
         std::vector<MeasureChoice> chosen;
-        for (const auto* list : {&texts, &scaled}) {
+        for (const auto* list : {&texts, &scaled, &spoonfuls}) {
+            if (list == &spoonfuls && !chosen.empty())
+                break;
             std::vector<std::string> candidatesText;
             for (const auto& t : *list)
                 candidatesText.push_back(t.first);

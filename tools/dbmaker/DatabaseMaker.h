@@ -70,12 +70,13 @@ NutrientValues MeasureValues(const usda::Nutrients& n, std::int64_t gramsHundred
 // measure worth at least kDistortionFloorKcal of a food with at least
 // kAlmostNoKcalPer100g per 100 g: one large olive shows 0 kcal
 // for 5.5, a tablespoon of whole milk 4 for 9.
-inline constexpr int kDistortionFloorKcal = 2;
+inline constexpr int kDistortionFloorKcal = 1;
 inline constexpr int kAlmostNoKcalPer100g = 10;
 bool CaloriesDistorted(const usda::Nutrients& n, std::int64_t gramsHundredths, bool alcoholic);
 
 // The counts a distorted measure is scaled by, smallest first: "10 olives"
-// from USDA's one-olive weight.
+// from USDA's one-olive weight. A spoon or a cup is only doubled ("2 tbsp"),
+// and only from one.
 inline constexpr int kScaleFactors[] = {2, 5, 10};
 
 // The order the table keeps: plain byte order of group name, subgroup,

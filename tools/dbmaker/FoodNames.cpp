@@ -593,7 +593,7 @@ std::optional<std::string> ScaledMeasureText(std::int64_t amountThousandths, std
     const std::string head = text->substr(start, stop == std::string::npos ? std::string::npos : stop - start);
     const std::size_t blank = head.rfind(' ');
     if (blank != std::string::npos) {
-        static constexpr std::string_view sizes[] = {"mini", "small", "medium", "large", "extra large", "jumbo"};
+        static constexpr std::string_view sizes[] = {"mini", "small", "medium", "large", "extra large", "jumbo", "individual"};
         if (std::find(std::begin(sizes), std::end(sizes), Lower(head.substr(0, blank))) == std::end(sizes))
             return text;
     }
