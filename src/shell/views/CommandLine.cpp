@@ -19,12 +19,8 @@
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
 #include "printing/views/ReportRenderer.h"
-#include "analysis/ProfileFile.h"
-#include "shell/HelpTopics.h"
 #include "shell/Session.h"
-#include "shell/Settings.h"
 #include "shell/StartupTexts.h"
-#include "shell/Tips.h"
 
 namespace pw {
 
@@ -55,7 +51,7 @@ std::string ShownPath(const CommandLineRequest& request, const QString& path)
 }
 
 // The files of the program's folders that no report may replace.
-std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder)
+std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder)
 {
     std::vector<std::string> folders{programFolder};
     const ProgramFolderPlaces places = ProgramFolderPlacesFor(QCoreApplication::applicationDirPath().toStdString());
@@ -64,14 +60,8 @@ std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder)
         folders.push_back(JoinPath(places.dataHome, kUserFolderName));
     if (!places.deliveredFolder.empty())
         folders.push_back(places.deliveredFolder);
-    std::vector<OwnFile> own;
-    for (const std::string& folder : folders)
-        for (const char* name : {kDataFileName, kSettingsFileName, kDefaultProfileName, kTipsFileName,
-                                 kHelpFileName, kLockFileName})
-            own.push_back({folder, name});
-    return own;
+    return ProgramOwnFiles(folders);
 }
-
 
 bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
 {
@@ -201,7 +191,7 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     const std::string outputPath = PathBytes(request, request.output);
     OutputTarget target;
     if (request.action == CommandAction::ExportCsv || request.action == CommandAction::ExportPdf) {
-        target = CheckOutputTarget(outputPath, {listPath}, ProgramOwnFiles(programFolder));
+        target = CheckOutputTarget(outputPath, {listPath}, OwnFilesOfProgram(programFolder));
         if (target.kind == OutputTarget::Kind::Refused) {
             PrintUtf8(ShownPath(request, request.output) + "\nis not written: it " + target.reason + ".");
             return kFailed;

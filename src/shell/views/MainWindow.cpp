@@ -24,6 +24,7 @@
 #include "printing/views/NutrientChart.h"
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
+#include "shell/ProgramFolder.h"
 #include "shell/views/AboutBox.h"
 #include "analysis/views/ProfilePage.h"
 #include "core/LineFile.h"
@@ -233,7 +234,8 @@ void MainWindow::BuildCentre()
     chartNutrients = new NutrientChart(analysisPage);
     analysisPage->AddChart(chartNutrients);
     reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
-                                                QString::fromStdString(session_.programFolder));
+                                                QString::fromStdString(session_.programFolder),
+                                                ProgramOwnFiles({session_.programFolder}));
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
     tabMain->addTab(chooserPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
