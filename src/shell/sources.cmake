@@ -1,5 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/shell/HelpTopics.cpp
+  src/shell/ProgramLock.cpp
   src/shell/Settings.cpp
   src/shell/Tips.cpp
 )
@@ -12,6 +13,7 @@ list(APPEND VIEW_SOURCES
   src/shell/views/MainWindow.cpp
   src/shell/views/ProgramWindows.cpp
   src/shell/views/RealSeams.cpp
+  src/shell/views/RichInCommandLine.cpp
   src/shell/views/SplashWindow.cpp
   src/shell/views/TipWindow.cpp
 )

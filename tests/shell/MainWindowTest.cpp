@@ -468,15 +468,15 @@ private slots:
 
     void TheDeliveredHelpFileHasEveryTopicTheProgramOpens()
     {
-        const std::string file = ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/pw.hlp");
+        const std::string file = ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/pw.hlp", kHelpFileLimit);
         std::vector<int> contexts;
         for (const HelpTopic& topic : HelpTopics(file)) {
             contexts.push_back(topic.context);
             QVERIFY2(!topic.title.empty(), std::to_string(topic.context).c_str());
         }
         // The main window's menus and tab buttons, the chooser, the search,
-        // add, dish and copy windows open these.
-        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10})
+        // add, dish, copy and rich-in windows open these.
+        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11})
             QVERIFY2(std::find(contexts.begin(), contexts.end(), wanted) != contexts.end(),
                      std::to_string(wanted).c_str());
         QCOMPARE(std::set<int>(contexts.begin(), contexts.end()).size(), contexts.size());  // no topic twice
@@ -566,8 +566,9 @@ private slots:
             const auto* browser = Find<QTextBrowser>(w, QStringLiteral("browserHelp"));
             return browser->document()->toPlainText().section('\n', 0, 0).trimmed();
         };
+        RecordingPrompts prompts;
         {
-            HelpWindow window;
+            HelpWindow window(prompts);
             auto* browser = Find<QTextBrowser>(window, QStringLiteral("browserHelp"));
             auto* back = Find<QPushButton>(window, QStringLiteral("btnBack"));
             auto* forward = Find<QPushButton>(window, QStringLiteral("btnForward"));
@@ -619,7 +620,7 @@ private slots:
             window.resize(640, 420);
             Find<QPushButton>(window, QStringLiteral("btnClose"))->click();
         }
-        HelpWindow again;
+        HelpWindow again(prompts);
         QCOMPARE(again.size(), QSize(640, 420));
     }
 

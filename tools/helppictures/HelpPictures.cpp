@@ -9,6 +9,7 @@
 // pictures (the "help" folder beside pw.hlp in the program folder).
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -32,6 +33,7 @@
 #include "dialogs/views/SaveDishDialog.h"
 #include "dialogs/views/SearchDialog.h"
 #include "foodlist/views/FoodChooserPage.h"
+#include "richin/views/RichInDialog.h"
 #include "shell/views/AboutBox.h"
 #include "core/views/ErrorGuard.h"
 #include "shell/views/HelpWindow.h"
@@ -202,6 +204,20 @@ int main(int argc, char** argv)
 
     Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(2);
     pictures.Save(main, "analysis.png");
+
+    // The foods that would fill the day's fiber, as a click on its bar opens them.
+    Named<QAction>(*main, "mnuRichIn")->trigger();
+    if (RichInDialog* rich = main->findChild<RichInDialog*>(QStringLiteral("frmRichIn"))) {
+        auto* nutrient = Named<QComboBox>(*rich, "comRichNutrient");
+        nutrient->setCurrentIndex(kFiber);
+        emit nutrient->activated(kFiber);
+        auto* group = Named<QComboBox>(*rich, "comRichGroup");
+        group->setCurrentIndex(group->findText(QStringLiteral("Vegetables")));
+        emit group->activated(group->currentIndex());
+        Named<QCheckBox>(*rich, "chkRichGap")->click();
+        pictures.Save(rich, "richin.png");
+        rich->reject();
+    }
     Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(1);
 
     // The search window with results and one of them picked.
@@ -270,7 +286,7 @@ int main(int argc, char** argv)
         about->hide();
     }
 
-    HelpWindow helpWindow;
+    HelpWindow helpWindow(fakes.prompts);
     helpWindow.resize(760, 520);
     if (helpWindow.LoadFile(program.filePath(QStringLiteral("pw.hlp")))) {
         helpWindow.show();

@@ -149,6 +149,10 @@ std::vector<FoodListEntry> AnalysisFileCommands::ReadAnalysis(const QString& pat
 {
     std::vector<FoodListEntry> rows;
     const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(path));
+    if (content.refused) {
+        ReportNotAnAnalysisFile(path);
+        return rows;
+    }
     // The profile first, whatever the order of the lines: the entries'
     // percents are taken of its daily values.
     if (!profilePage_.ApplySettings(content.settings)) {
@@ -167,8 +171,11 @@ std::vector<FoodListEntry> AnalysisFileCommands::ReadAnalysis(const QString& pat
                 throw RunTimeError(ErrorKind::SubscriptRange, "food list row " + std::to_string(rows.size() + 1));
             rows.push_back(std::move(entry));
         };
+        // Once the program is ending (terminated while a message was up) the
+        // rest of the file is not told.
         OpenItems(content.items, session_.foodTable, dailyValues, row, [&](const std::string& text) {
-            seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
+            if (!session_.ended)
+                seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
         });
         // A valid profile brings the summary and the grid up to date.
         if (valid)

@@ -5,6 +5,7 @@
 //   platewell --export-pdf OUT.pdf LIST.pwl
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --rich-in NUTRIENT [...]   (the foods ranked by a nutrient)
 //   platewell --help | --version
 #include <QString>
 #include <QStringList>
@@ -20,7 +21,19 @@ struct CommandLineRequest {
     QString output;    // the file an export writes
     QString listFile;  // the list to open or export; empty for none
     QString text;      // Help: the help text; Version: the version line; Error: what is wrong
+    // The paths hold the command line's bytes as they were, one Latin-1
+    // character a byte, so a name the file system holds in any encoding
+    // is opened and written as itself.
+    bool bytePaths = false;
 };
+
+class FoodTable;
+
+// Reads the data file of programFolder into table; false after telling why
+// on standard error.
+bool LoadFoodTable(const std::string& programFolder, FoodTable& table);
+// A path of the request as the file system's bytes.
+std::string PathBytes(const CommandLineRequest& request, const QString& path);
 
 // arguments as the program got them, the program's own name first.
 CommandLineRequest ParseCommandLine(const QStringList& arguments);

@@ -20,6 +20,7 @@ class AnalysisFileCommands;
 class AnalysisPage;
 class DatabaseCommands;
 class SearchDialog;
+class RichInDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodListModel;
@@ -90,6 +91,8 @@ private:
     ReportSource CurrentReportSource() const;
     // The chart follows the list's totals and the daily values.
     void RefreshChart();
+    // The foods rich in a nutrient (-1: the dialog's own choice).
+    void mnuRichIn_Click(int nutrient);
     void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
@@ -126,6 +129,8 @@ private:
     DatabaseCommands* database = nullptr;
     // Opened by the chooser's Search button; created on first use and kept.
     SearchDialog* frmSearch = nullptr;
+    // The foods rich in a nutrient; created on first use and kept.
+    RichInDialog* frmRichIn = nullptr;
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
@@ -146,6 +151,7 @@ private:
     QAction* mnuExportPdf = nullptr;
     QAction* mnuExportCsv = nullptr;
     QAction* mnuExit = nullptr;
+    QAction* mnuRichIn = nullptr;
     QAction* mnuAddCustomItem = nullptr;
     QAction* mnuSaveAsDish = nullptr;
     QAction* mnuCopyToFavorites = nullptr;
