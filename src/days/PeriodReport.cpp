@@ -185,11 +185,12 @@ ReportDocument BuildPeriodReport(const Period& period, const std::string& dateTe
             report.blocks.push_back(std::move(series));
         }
 
-        report.blocks.push_back(Block(BlockKind::Heading, {"Top foods"}));
         for (int n = 0; n < kShownNutrients; ++n) {
             const std::vector<TopFood> foods = period.TopFoods(n, topCount);
             if (foods.empty())
                 continue;
+            if (report.blocks.back().kind == BlockKind::Series)
+                report.blocks.push_back(Block(BlockKind::Heading, {"Top foods"}));
             ReportBlock table = Block(BlockKind::Table);
             table.table = TopFoodsTable(foods, n);
             report.blocks.push_back(std::move(table));

@@ -386,7 +386,8 @@ private slots:
         const std::pair<QStringList, QString> failures[] = {
             {{"--export-csv", run.File("bad.csv"), run.File("binary.pwl")},
              run.File("binary.pwl") + "\nis not a valid Platewell\n.pwl file.\n"},
-            {{"--export-text", run.File("none.pwl")}, run.File("none.pwl") + "\nis not a valid Platewell\n.pwl file.\n"},
+            {{"--export-text", run.File("none.pwl")}, run.File("none.pwl") + ": No such file or directory\n"},
+            {{"--export-text", run.File("tips.txt")}, run.File("tips.txt") + "\nis not a valid Platewell\n.pwl file.\n"},
             {{"--export-pdf", run.File("no/day.pdf"), run.File("day.pwl")},
              lost + "The report could not be written to\n" + run.File("no/day.pdf") + "\n"},
             {{"--export-csv", run.File("no/day.csv"), run.File("day.pwl")},

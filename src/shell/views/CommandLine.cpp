@@ -1,4 +1,5 @@
 #include "shell/views/CommandLine.h"
+#include "shell/views/DaysCommandLine.h"
 #include "core/views/Widgets.h"
 #include "shell/ProgramFolder.h"
 
@@ -13,6 +14,7 @@
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
+#include "days/DayFiles.h"
 #include "fooddb/DataFile.h"
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
@@ -40,8 +42,9 @@ void PrintError(QString text)
 void PrintError(const std::string& latin1) { PrintError(QString::fromLatin1(latin1)); }
 void PrintError(const char* latin1) { PrintError(QString::fromLatin1(latin1)); }
 
+}  // namespace
 
-bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
+bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table)
 {
     const std::string dataPath = FindFileNoCase(programFolder, kDataFileName);
     if (dataPath.empty()) {
@@ -61,12 +64,15 @@ bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
     return true;
 }
 
+namespace {
+
 QString HelpText(const QCommandLineParser& parser)
 {
     return QStringLiteral("Usage: platewell [LIST.pwl]\n"
                           "       platewell --export-pdf OUT.pdf LIST.pwl\n"
                           "       platewell --export-csv OUT.csv LIST.pwl\n"
-                          "       platewell --export-text LIST.pwl\n\n") +
+                          "       platewell --export-text LIST.pwl\n") +
+           DaysUsageText() + QStringLiteral("\n") +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
@@ -92,6 +98,7 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
     const QCommandLineOption text(QString::fromLatin1(kExportText),
                                   QStringLiteral("Writes the analysis report of the list as text on standard output."));
     parser.addOptions({help, version, pdf, csv, text});
+    AddDaysOptions(parser);
     // Qt's own options reach the window untouched; the parser only has to
     // know them to find the list file among them.
     for (const char* name : {"platform", "display", "style", "stylesheet", "geometry", "qwindowgeometry",
@@ -114,11 +121,16 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
         request.text = why + QStringLiteral("\nTry 'platewell --help' for more information.");
         return request;
     };
-    if (!parser.parse(arguments))
+    if (!parser.parse(arguments) && !IsDaysRequest(arguments))
         return fail(parser.errorText());
     if (parser.isSet(help)) {
         request.action = CommandAction::Help;
         request.text = HelpText(parser);
+        return request;
+    }
+    if (IsDaysRequest(arguments)) {
+        request.action = CommandAction::ExportDays;
+        request.arguments = arguments;
         return request;
     }
     if (parser.isSet(version)) {
@@ -163,10 +175,24 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     default: break;
     }
 
+    if (request.action == CommandAction::ExportDays)
+        return RunDaysRequest(request.arguments, programFolder);
+
     FoodTable table;
-    if (!LoadFoodTable(programFolder, table))
+    if (!LoadFoodTableForReports(programFolder, table))
         return kFailed;
-    const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(request.listFile));
+    // A file that cannot be read says why; one with neither a profile line
+    // nor an item is no list, although the window opens it as an empty one.
+    const std::string listPath = ToNativePath(request.listFile);
+    if (const std::string reason = UnreadableReason(listPath); !reason.empty()) {
+        PrintError(request.listFile + QStringLiteral(": ") + QString::fromLocal8Bit(reason.c_str()));
+        return kFailed;
+    }
+    const AnalysisFileContent content = ReadAnalysisFile(listPath);
+    if (content.valid && content.settings.empty() && content.items.empty()) {
+        PrintError(request.listFile + QString::fromLatin1(texts::kNotAnAnalysisFile));
+        return kFailed;
+    }
     const OpenedAnalysis opened = OpenAnalysis(content, table, QDate::currentDate().year());
     for (const auto& message : opened.messages)
         PrintError(message.first);

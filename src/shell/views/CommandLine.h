@@ -5,6 +5,7 @@
 //   platewell --export-pdf OUT.pdf LIST.pwl
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --export-days-... (see DaysCommandLine.h)
 //   platewell --help | --version
 #include <QString>
 #include <QStringList>
@@ -13,14 +14,20 @@
 
 namespace pw {
 
-enum class CommandAction { Window, ExportPdf, ExportCsv, ExportText, Help, Version, Error };
+enum class CommandAction { Window, ExportPdf, ExportCsv, ExportText, ExportDays, Help, Version, Error };
 
 struct CommandLineRequest {
     CommandAction action = CommandAction::Window;
     QString output;    // the file an export writes
     QString listFile;  // the list to open or export; empty for none
+    QStringList arguments;  // ExportDays: the whole command line, parsed by the period exports
     QString text;      // Help: the help text; Version: the version line; Error: what is wrong
 };
+
+// The food table of programFolder's data file, for the reports; false, with
+// the message on standard error, when it cannot be loaded.
+class FoodTable;
+bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table);
 
 // arguments as the program got them, the program's own name first.
 CommandLineRequest ParseCommandLine(const QStringList& arguments);
