@@ -9,3 +9,7 @@ if(PLATEWELL_GUI)
   target_compile_definitions(days_command_line_tests PRIVATE PLATEWELL_EXE="$<TARGET_FILE:platewell>")
   add_dependencies(days_command_line_tests platewell)
 endif()
+if(PLATEWELL_GUI)
+  # The days window alone on the fakes.
+  platewell_window_test(days_window_tests days/DaysWindowTest.cpp)
+endif()

@@ -93,6 +93,14 @@ bool PeriodDay::Over(int nutrient) const
     return percent && *percent > 100;
 }
 
+const PeriodDay* Period::LatestDayWithDailyValues() const
+{
+    for (auto day = days.rbegin(); day != days.rend(); ++day)
+        if (day->haveDailyValues)
+            return &*day;
+    return nullptr;
+}
+
 int Period::CalendarDays() const { return days.empty() ? 0 : days.back().date - days.front().date + 1; }
 
 std::string Period::PeriodLine() const
@@ -224,6 +232,7 @@ Period BuildPeriod(std::vector<DayFileInput> files, const FoodTable& table, int 
         PeriodDay& day = period.days.back();
         day.dateFromModified = day.dateFromModified || input.dateFromModified;
         day.files.push_back(input.name);
+        day.paths.push_back(input.path);
         const FoodList& list = file.opened.list;
         for (int row = 1; row <= list.Count(); ++row)
             day.foods.push_back({day.files.size() - 1, list.Entry(row)});

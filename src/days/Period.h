@@ -61,6 +61,7 @@ struct PeriodDay {
     DaySerial date = 0;
     bool dateFromModified = false;   // some file dated by its modification time
     std::vector<std::string> files;  // names, in name order
+    std::vector<std::string> paths;  // the same files as given
     std::vector<PeriodFood> foods;   // file by file, each in list order
     PeriodValues totals{};           // the lists' totals summed over the files
     Profile profile;                 // of the last file in name order
@@ -102,6 +103,9 @@ struct Period {
     std::string PeriodLine() const;
     // The latest day's profile and daily values.
     const PeriodDay* LatestDay() const { return days.empty() ? nullptr : &days.back(); }
+    // The latest day that has daily values, whose DVs the period is held
+    // against; none when no day has them.
+    const PeriodDay* LatestDayWithDailyValues() const;
 
     // Averages per logged day, half to even.
     std::int64_t AverageFoods() const;

@@ -46,7 +46,7 @@ ReportTable DaysTable(const Period& period)
 
 ReportTable AveragesTable(const Period& period)
 {
-    const PeriodDay* latest = period.LatestDay();
+    const PeriodDay* latest = period.LatestDayWithDailyValues();
     ReportTable table;
     table.columns = {{"Nutrient", ColumnKind::Text},
                      {"Daily Value (DV)", ColumnKind::Number},
@@ -129,8 +129,7 @@ SeriesData BuildSeries(const Period& period, int nutrient)
     series.values.resize(static_cast<std::size_t>(period.CalendarDays()));
     for (const PeriodDay& day : period.days)
         series.values[static_cast<std::size_t>(day.date - period.days.front().date)] = day.totals[nutrient];
-    const PeriodDay* latest = period.LatestDay();
-    if (latest->haveDailyValues)
+    if (const PeriodDay* latest = period.LatestDayWithDailyValues())
         series.dailyValue = latest->dailyValues[nutrient];
     series.average = period.Average(nutrient);
     return series;

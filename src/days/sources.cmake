@@ -4,4 +4,5 @@ list(APPEND MODEL_SOURCES
   src/days/PeriodReport.cpp
 )
 list(APPEND VIEW_SOURCES
+  src/days/views/DaysWindow.cpp
 )
