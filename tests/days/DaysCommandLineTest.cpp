@@ -29,6 +29,30 @@ QString PdfText(const QString& path)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+// The pages of a PDF drawn at 50 dpi as PNG files named after prefix.
+QStringList PdfPages(const QString& pdf, const QString& prefix)
+{
+    QProcess process;
+    process.start(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QStringLiteral("50"), QStringLiteral("-png"), pdf, prefix});
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return {};
+    const QFileInfo info(prefix);
+    QStringList pages;
+    for (const QFileInfo& file : QDir(info.path()).entryInfoList({info.fileName() + QStringLiteral("-*.png")}, QDir::Files, QDir::Name))
+        pages << file.filePath();
+    return pages;
+}
+
+// The share of the pixels in r darker than light grey.
+double DarkShare(const QImage& image, const QRect& r)
+{
+    int dark = 0, all = 0;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x, ++all)
+            dark += qGray(image.pixel(x, y)) < 200;
+    return all ? double(dark) / all : 0.0;
+}
+
 struct Program {
     TempFolder folder;
     std::string data = DataFileBytes(SampleTable());
@@ -110,6 +134,18 @@ private slots:
         QVERIFY(pdf.contains(QRegularExpression("Page 1 of [2-9]")));
         for (const QString& word : words)  // a word broken at a line end would leave its half behind
             QVERIFY2(!word.endsWith('-') || word == "-", qPrintable(word));
+        // The PDF as pictures: as many pages as its footer says, each with
+        // ink inside its margins and none beyond them.
+        const QStringList pages = PdfPages(run.File("period.pdf"), run.File("page"));
+        QVERIFY(pdf.contains(QStringLiteral("Page 1 of %1").arg(pages.size())));
+        for (const QString& page : pages) {
+            const QImage image(page);
+            QVERIFY(!image.isNull());
+            const int margin = 50 * 12 / 25;  // 12 mm at 50 dpi, inside the 15 mm margins
+            QCOMPARE(DarkShare(image, QRect(0, 0, margin, image.height())), 0.0);
+            QCOMPARE(DarkShare(image, QRect(image.width() - margin, 0, margin, image.height())), 0.0);
+            QVERIFY(DarkShare(image, image.rect().adjusted(margin, margin, -margin, -margin)) > 0.01);
+        }
 
         // Nothing readable, an output that cannot be written, a wrong command
         // line: a message and a failure status, nothing written.
