@@ -32,8 +32,9 @@ void PaintSeriesChart(QPainter& painter, const QRectF& rect, const SeriesPicture
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     QFont small(font);
-    small.setPointSizeF(font.pointSizeF() > 0 ? font.pointSizeF() * 0.85 : font.pointSizeF());
-    if (font.pixelSize() > 0)
+    if (font.pointSizeF() > 0)
+        small.setPointSizeF(font.pointSizeF() * 0.85);
+    else if (font.pixelSize() > 0)
         small.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * 0.85)));
     const QFontMetricsF fm(font), fms(small);
     const qreal unit = std::max<qreal>(fm.height() / 12.0, 0.5);
