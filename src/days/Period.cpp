@@ -209,6 +209,14 @@ Period BuildPeriod(std::vector<DayFileInput> files, const FoodTable& table, int 
             period.skipped.push_back({file.path, texts::kNotAListFile});
             continue;
         }
+        try {
+            // The person as the report shows them: a BMI beyond its range
+            // leaves the file out rather than the report unmade.
+            (void)PersonLines(one.opened.profile, one.opened.dailyValues);
+        } catch (const RunTimeError& error) {
+            period.skipped.push_back({file.path, error.Name()});
+            continue;
+        }
         // The opening tells each lost food by its message; the items say
         // which food each message names.
         for (const auto& [text, title] : one.opened.messages) {
