@@ -13,7 +13,7 @@ namespace {
 
 const std::string& DeliveredBytes()
 {
-    static const std::string bytes = pw::ReadWholeFile(std::string(PLATEWELL_SOURCE_DIR) + "/data/data.dat");
+    static const std::string bytes = pw::ReadWholeFile(std::string(PLATEWELL_SOURCE_DIR) + "/data/data.dat", pw::kDataFileLimit);
     return bytes;
 }
 

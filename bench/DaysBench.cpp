@@ -34,7 +34,7 @@ struct Year {
 
     Year()
     {
-        LoadDatabaseHeader(ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/data.dat"), table);
+        LoadDatabaseHeader(ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/data.dat", kDataFileLimit), table);
         LoadDatabaseRecords(table);
         folder = dir.path().toStdString();
         const std::string profile =

@@ -14,6 +14,7 @@
 #include "analysis/Profile.h"
 #include "analysis/ProfileFile.h"
 #include "core/RunTimeError.h"
+#include "core/Text.h"
 #include "foodlist/FoodList.h"
 
 namespace {
@@ -85,6 +86,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const pw::AnalysisFileContent content =
         pw::ParseAnalysisBytes(std::string_view(reinterpret_cast<const char*>(data), size));
+    // A refused file gives nothing; no file gives more rows than a list holds.
+    if ((content.refused && (content.valid || !content.items.empty() || !content.settings.empty())) ||
+        content.items.size() > static_cast<std::size_t>(pw::kFoodListCapacity))
+        std::abort();
+    // Whatever its texts hold, what reaches a terminal holds no control
+    // character but line feeds and tabs.
+    for (const pw::AnalysisItem& item : content.items)
+        for (const char c : pw::TerminalText(pw::Latin1ToUtf8(pw::MissingFoodText(item))))
+            if ((static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\t') || c == 0x7f)
+                std::abort();
     pw::ProfileInputs inputs;
     const pw::DailyValues dailyValues = ProfileDailyValues(content.settings, inputs);
     const pw::FoodList list = Attach(content.items, dailyValues);

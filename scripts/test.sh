@@ -17,8 +17,10 @@ build_tree "$ROOT/build/sanitize" Debug -DPLATEWELL_GUI=OFF -DPLATEWELL_BENCH=OF
 # Builds the libFuzzer harnesses with clang and runs each for a short while
 # (PLATEWELL_FUZZ_SECONDS, 30 by default) on a copy of its seed corpus in
 # fuzz/corpus/<harness>, PLATEWELL_FUZZ_JOBS (default: all cores) at a time.
-# Fails when any harness finds a crash, undefined behaviour, a leak or an
-# input that takes over 10 seconds; what it found is kept in build/fuzz/found.
+# The readers of texts shown in windows or on a terminal get a dictionary of
+# markup tokens. Fails when any harness finds a crash, undefined behaviour, a
+# leak, an input that takes over 10 seconds or more than 1 GB of memory (256
+# MB in one allocation); what it found is kept in build/fuzz/found.
 fuzz_briefly() {
     if ! command -v clang++ >/dev/null 2>&1; then
         echo "clang++ not found: the fuzzers are not run"
@@ -37,7 +39,10 @@ fuzz_briefly() {
         cp "$corpus"* "$dir/corpus/$name/"
         (
             status=0
-            "$dir/fuzz/fuzz_$name" -max_total_time="$seconds" -timeout=10 -print_final_stats=1 \
+            dict=()
+            case "$name" in help_file|analysis_file|profile_file|tips|settings) dict=(-dict="$ROOT/fuzz/dict/markup.dict") ;; esac
+            "$dir/fuzz/fuzz_$name" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 -malloc_limit_mb=256 \
+                "${dict[@]}" -print_final_stats=1 \
                 -artifact_prefix="$dir/found/$name/" "$dir/corpus/$name" >"$dir/logs/$name.log" 2>&1 || status=$?
             echo "$status" >"$dir/logs/$name.status"
         ) &

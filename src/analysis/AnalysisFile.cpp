@@ -111,6 +111,12 @@ AnalysisFileContent ParseAnalysisBytes(std::string_view bytes)
         if (!bad && SplitKey(line, key, value) && key == kItemKey) {
             AnalysisItem item;
             bad = !ParseItem(value, item);
+            if (!bad && content.items.size() == static_cast<std::size_t>(kFoodListCapacity)) {
+                content = {};
+                content.valid = false;
+                content.refused = true;
+                return content;
+            }
             if (!bad)
                 content.items.push_back(std::move(item));
         }
@@ -126,7 +132,12 @@ AnalysisFileContent ReadAnalysisFile(const std::string& path)
 {
     std::string bytes;
     try {
-        bytes = ReadWholeFile(path);
+        bytes = ReadWholeFile(path, kListFileLimit);
+    } catch (const FileTooLarge&) {
+        AnalysisFileContent content;
+        content.valid = false;
+        content.refused = true;
+        return content;
     } catch (const RunTimeError&) {
         AnalysisFileContent content;
         content.valid = false;

@@ -71,6 +71,10 @@ struct AnalysisFileContent {
     std::vector<ProfileSetting> settings;
     std::vector<AnalysisItem> items;
     bool valid = true;  // false: a bad line, or the file could not be read
+    // The file is refused whole, before anything of it is used: larger than
+    // any list file, or more entries than a list holds. Then valid is false
+    // and settings and items are empty.
+    bool refused = false;
 };
 
 // Lines are read as the profile file's are (one blank appended, split at the
@@ -79,7 +83,7 @@ struct AnalysisFileContent {
 // texts, any further fields ignored. Besides the profile reader's bad lines,
 // an item with fewer than six fields, an index beyond 16 bits, or a quantity
 // the quantity parser refuses or that exceeds the largest one the chooser
-// takes, is bad.
+// takes, is bad. More entries than a list holds refuse the file.
 AnalysisFileContent ParseAnalysisBytes(std::string_view bytes);
 // Never throws: a missing or unreadable file gives an invalid content.
 AnalysisFileContent ReadAnalysisFile(const std::string& path);

@@ -22,6 +22,10 @@ void OpenItems(const std::vector<AnalysisItem>& items, const FoodTable& table, c
 OpenedAnalysis OpenAnalysis(const AnalysisFileContent& content, const FoodTable& table, int currentYear)
 {
     OpenedAnalysis opened;
+    if (content.refused) {
+        opened.valid = false;
+        return opened;
+    }
     ProfileInputs inputs;
     ApplyProfileSettings(content.settings, inputs);
     try {

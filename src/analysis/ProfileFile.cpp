@@ -124,7 +124,7 @@ ProfileFileContent ReadProfileFile(const std::string& path)
 {
     std::string bytes;
     try {
-        bytes = ReadWholeFile(path);
+        bytes = ReadWholeFile(path, kProfileFileLimit);
     } catch (const RunTimeError&) {
         ProfileFileContent content;
         content.valid = false;

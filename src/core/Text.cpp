@@ -79,4 +79,81 @@ std::string Latin1ToUtf8(std::string_view latin1)
     return out;
 }
 
+namespace {
+
+// The length of the valid UTF-8 sequence at the start of bytes (shortest
+// form, no surrogates, at most U+10FFFF), or 0.
+std::size_t Utf8SequenceLength(std::string_view bytes, char32_t& code)
+{
+    const auto b0 = static_cast<unsigned char>(bytes[0]);
+    std::size_t length = 0;
+    if (b0 < 0x80) {
+        code = b0;
+        return 1;
+    }
+    if (b0 >= 0xC2 && b0 <= 0xDF) {
+        length = 2;
+        code = b0 & 0x1F;
+    } else if (b0 >= 0xE0 && b0 <= 0xEF) {
+        length = 3;
+        code = b0 & 0x0F;
+    } else if (b0 >= 0xF0 && b0 <= 0xF4) {
+        length = 4;
+        code = b0 & 0x07;
+    } else {
+        return 0;
+    }
+    if (bytes.size() < length)
+        return 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto b = static_cast<unsigned char>(bytes[i]);
+        if ((b & 0xC0) != 0x80)
+            return 0;
+        code = (code << 6) | (b & 0x3F);
+    }
+    const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+    if (overlong || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+        return 0;
+    return length;
+}
+
+void AppendEscaped(std::string& out, unsigned char byte)
+{
+    static const char* const kHex = "0123456789abcdef";
+    out += "\\x";
+    out += kHex[byte >> 4];
+    out += kHex[byte & 0x0F];
+}
+
+}  // namespace
+
+std::string TerminalText(std::string_view bytes)
+{
+    std::string out;
+    out.reserve(bytes.size());
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        if (bytes.compare(i, 2, "\r\n") == 0) {
+            out += '\n';
+            i += 2;
+            continue;
+        }
+        char32_t code = 0;
+        const std::size_t length = Utf8SequenceLength(bytes.substr(i), code);
+        const bool control = code < 0x20 || (code >= 0x7F && code <= 0x9F);
+        if (length == 0) {
+            AppendEscaped(out, static_cast<unsigned char>(bytes[i]));
+            ++i;
+        } else if (control && code != '\n' && code != '\t') {
+            for (std::size_t k = 0; k < length; ++k)
+                AppendEscaped(out, static_cast<unsigned char>(bytes[i + k]));
+            i += length;
+        } else {
+            out.append(bytes.substr(i, length));
+            i += length;
+        }
+    }
+    return out;
+}
+
 }  // namespace pw

@@ -28,4 +28,11 @@ std::string JoinLines(const std::vector<std::string>& lines);
 // Latin-1 <-> UTF-8, for the few places (file names, tests) that need it.
 std::string Latin1ToUtf8(std::string_view latin1);
 
+// Bytes made safe for a terminal: valid UTF-8 stands, line feeds and tabs
+// too (a CR LF becomes a line feed); every other control character (C0, DEL
+// and the C1 range U+0080..U+009F) and every byte that is not valid UTF-8 is
+// written as \xNN, one escape per byte, so nothing read from a file can
+// steer the terminal.
+std::string TerminalText(std::string_view bytes);
+
 }  // namespace pw

@@ -1,5 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/core/LineFile.cpp
+  src/core/OutputTarget.cpp
   src/core/Numeric.cpp
   src/core/RunTimeError.cpp
   src/core/Text.cpp

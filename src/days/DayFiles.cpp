@@ -6,7 +6,10 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
@@ -17,6 +20,8 @@ namespace pw {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr const char* kNotARegularFile = "not a regular file";
 
 bool IsListFileName(const std::string& name)
 {
@@ -73,16 +78,21 @@ std::vector<std::string> ExpandDayPaths(const std::vector<std::string>& paths)
 
 std::string UnreadableReason(const std::string& path)
 {
-    std::error_code ec;
-    if (fs::is_directory(path, ec))
+    // Opened without waiting, so a pipe given by mistake does not hold the
+    // reading up.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return std::strerror(errno);
+    struct stat status {};
+    const bool stated = ::fstat(fd, &status) == 0;
+    const int error = errno;
+    ::close(fd);
+    if (!stated)
+        return std::strerror(error);
+    if (S_ISDIR(status.st_mode))
         return std::strerror(EISDIR);
-    errno = 0;
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr)
-        return std::strerror(errno != 0 ? errno : ENOENT);
-    std::fclose(file);
-    if (!fs::is_regular_file(path, ec))
-        return "not a regular file";
+    if (!S_ISREG(status.st_mode))
+        return kNotARegularFile;
     return {};
 }
 
@@ -100,7 +110,7 @@ DayFileInput ReadDayFile(const std::string& path)
     input.failure = UnreadableReason(path);
     if (input.failure.empty()) {
         try {
-            input.bytes = ReadWholeFile(path);
+            input.bytes = ReadWholeFile(path, kListFileLimit);
         } catch (const RunTimeError& error) {
             input.failure = error.Name();
         }

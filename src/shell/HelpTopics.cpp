@@ -1,5 +1,7 @@
 #include "shell/HelpTopics.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <utility>
 
@@ -215,6 +217,88 @@ std::string DataVersionText(std::string_view line)
 {
     const auto v = line.find('v');
     return std::string(v == std::string_view::npos ? line : line.substr(v + 1));
+}
+
+HelpLinkKind ClassifyHelpLink(std::string_view scheme)
+{
+    const std::string lower = LowerLatin1(scheme);
+    if (lower.empty() || lower == "help")
+        return HelpLinkKind::InBook;
+    if (lower == "http" || lower == "https")
+        return HelpLinkKind::Web;
+    return HelpLinkKind::Refused;
+}
+
+std::string HelpPictureFile(std::string_view source)
+{
+    constexpr std::string_view folder = "help/";
+    if (source.substr(0, folder.size()) == folder)
+        source.remove_prefix(folder.size());
+    if (source.empty() || source.size() > 200 || source.front() == '.')
+        return {};
+    for (char c : source) {
+        const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' ||
+                           c == '-' || c == '_';
+        if (!plain)
+            return {};
+    }
+    return std::string(source);
+}
+
+int HtmlNestingDepth(std::string_view html)
+{
+    // Elements a page may leave open or that hold nothing.
+    static const char* const kNotCounted[] = {"br", "img", "hr", "p", "li", "dt", "dd", "td", "th", "tr",
+                                              "meta", "link", "input", "col", "area", "base", "wbr",
+                                              "option", "thead", "tbody", "tfoot", "html", "head", "body"};
+    int depth = 0;
+    int deepest = 0;
+    std::size_t i = 0;
+    while ((i = html.find('<', i)) != std::string_view::npos) {
+        ++i;
+        if (html.substr(i, 3) == "!--") {  // a comment, tags in it or not
+            const std::size_t end = html.find("-->", i + 3);
+            if (end == std::string_view::npos)
+                break;
+            i = end + 3;
+            continue;
+        }
+        if (i < html.size() && html[i] == '!') {  // a declaration
+            const std::size_t end = html.find('>', i);
+            if (end == std::string_view::npos)
+                break;
+            i = end + 1;
+            continue;
+        }
+        const bool closing = i < html.size() && html[i] == '/';
+        if (closing)
+            ++i;
+        std::size_t nameEnd = i;
+        while (nameEnd < html.size() && std::isalnum(static_cast<unsigned char>(html[nameEnd])))
+            ++nameEnd;
+        if (nameEnd == i)
+            continue;
+        const std::string name = LowerLatin1(html.substr(i, nameEnd - i));
+        const std::size_t end = html.find('>', nameEnd);
+        const bool selfClosing = end != std::string_view::npos && end > nameEnd && html[end - 1] == '/';
+        i = nameEnd;
+        bool counted = !selfClosing;
+        for (const char* skip : kNotCounted)
+            counted = counted && name != skip;
+        if (!counted)
+            continue;
+        if (closing) {
+            depth = depth > 0 ? depth - 1 : 0;
+        } else {
+            deepest = std::max(deepest, ++depth);
+        }
+    }
+    return deepest;
+}
+
+bool HelpPageShownAsHtml(std::string_view html)
+{
+    return html.size() <= kHelpPageHtmlLimit && HtmlNestingDepth(html) <= kHelpNestingLimit;
 }
 
 }  // namespace pw

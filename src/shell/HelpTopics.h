@@ -2,6 +2,7 @@
 // The help file: one HTML page whose topics are marked with anchors named
 // "context-N", N being the context number the program opens it at. The
 // numbers are the contract between the program and its help file.
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,6 +61,31 @@ std::vector<int> SearchHelp(const HelpBook& book, std::string_view query);
 // HTML text with its tags removed and the few entities the help uses
 // (&amp; &lt; &gt; &quot; &nbsp;) turned back into characters.
 std::string HelpPlainText(std::string_view html);
+
+// What the help window does with a link of the help file, by its scheme:
+// "help" (its own pages) and a link within the file are followed, a web
+// address is opened in the browser only once the user agreed to the whole
+// address, anything else (file:, mailto:, data:, ...) is refused.
+enum class HelpLinkKind { InBook, Web, Refused };
+HelpLinkKind ClassifyHelpLink(std::string_view scheme);
+
+// The file name in the help folder a picture of a page is read from: its
+// source is "help/NAME" or "NAME" with a plain name (letters, digits, '.',
+// '-', '_', not starting with '.'); any other source (another folder, a
+// scheme such as file: or http:) gives "" and is never loaded.
+std::string HelpPictureFile(std::string_view source);
+
+// How deep the elements of a piece of HTML nest: opening tags less closing
+// ones, at their deepest; tags that need no closing (br, img, p, li, td...)
+// do not count.
+int HtmlNestingDepth(std::string_view html);
+
+// Whether a page is laid out as HTML: at most kHelpPageHtmlLimit bytes and
+// nesting at most kHelpNestingLimit deep. Any other page is shown as plain
+// text, which lays out quickly whatever it holds.
+inline constexpr std::size_t kHelpPageHtmlLimit = 512u << 10;
+inline constexpr int kHelpNestingLimit = 48;
+bool HelpPageShownAsHtml(std::string_view html);
 
 // The about box's data version: the version line after its first "v", or
 // the whole line when it has none.

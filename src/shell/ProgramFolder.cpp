@@ -1,6 +1,8 @@
 #include "shell/ProgramFolder.h"
 
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <pwd.h>
 #include <system_error>
@@ -8,6 +10,7 @@
 
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
+#include "core/Text.h"
 
 #ifndef PLATEWELL_DELIVERED_FROM_BIN
 #define PLATEWELL_DELIVERED_FROM_BIN "../share/platewell"
@@ -33,24 +36,34 @@ bool IsFile(const std::string& path)
     return fs::is_regular_file(path, error);
 }
 
+// Records the first problem only: it is the one the user is told.
+void Tell(std::string* problem, const std::string& text)
+{
+    if (problem && problem->empty())
+        *problem = text;
+}
+
 // Copies one file over target unless target already holds the same bytes.
 // The copy goes through a temporary file, so a reader never meets half a
 // file.
-bool CopyWhenDifferent(const std::string& source, const std::string& target)
+bool CopyWhenDifferent(const std::string& source, const std::string& target, std::string* problem)
 {
     try {
-        const std::string bytes = ReadWholeFile(source);
-        if (IsFile(target) && ReadWholeFile(target) == bytes)
+        const std::string bytes = ReadWholeFile(source, kDataFileLimit);
+        if (IsFile(target) && ReadWholeFile(target, kDataFileLimit) == bytes)
             return true;
         WriteFileAtomic(target, bytes);
         return true;
-    } catch (const RunTimeError&) {
-        return false;
+    } catch (const SaveError& error) {
+        Tell(problem, error.Path() + kCrLf + kCrLf + error.Reason());
+    } catch (const RunTimeError& error) {
+        Tell(problem, error.what());
     }
+    return false;
 }
 
 // Every regular file under source, at the same place under target.
-bool CopyFolderWhenDifferent(const std::string& source, const std::string& target)
+bool CopyFolderWhenDifferent(const std::string& source, const std::string& target, std::string* problem)
 {
     bool ok = true;
     std::error_code error;
@@ -61,10 +74,14 @@ bool CopyFolderWhenDifferent(const std::string& source, const std::string& targe
         std::error_code kind;
         if (it->is_directory(kind)) {
             fs::create_directories(to, kind);
+            if (kind)
+                Tell(problem, to.string() + kCrLf + kCrLf + kind.message());
             ok = ok && !kind;
         } else if (it->is_regular_file(kind)) {
             fs::create_directories(to.parent_path(), kind);
-            ok = !kind && CopyWhenDifferent(it->path().string(), to.string()) && ok;
+            if (kind)
+                Tell(problem, to.parent_path().string() + kCrLf + kCrLf + kind.message());
+            ok = !kind && CopyWhenDifferent(it->path().string(), to.string(), problem) && ok;
         }
     }
     return ok && !error;
@@ -85,41 +102,54 @@ std::string DataHome()
 
 }  // namespace
 
-bool SeedProgramFolder(const std::string& source, const std::string& folder)
+bool SeedProgramFolder(const std::string& source, const std::string& folder, std::string* problem)
 {
     bool ok = true;
     for (const char* name : kSeededOnce) {
         const std::string from = JoinPath(source, name);
         if (IsFile(from) && FindFileNoCase(folder, name).empty())
-            ok = CopyWhenDifferent(from, JoinPath(folder, name)) && ok;
+            ok = CopyWhenDifferent(from, JoinPath(folder, name), problem) && ok;
     }
     for (const char* name : kKeptCurrent) {
         const std::string from = JoinPath(source, name);
         if (IsFile(from))
-            ok = CopyWhenDifferent(from, JoinPath(folder, name)) && ok;
+            ok = CopyWhenDifferent(from, JoinPath(folder, name), problem) && ok;
         else if (IsFolder(from))
-            ok = CopyFolderWhenDifferent(from, JoinPath(folder, name)) && ok;
+            ok = CopyFolderWhenDifferent(from, JoinPath(folder, name), problem) && ok;
     }
     return ok;
 }
 
-std::string ChooseProgramFolder(const ProgramFolderPlaces& places)
+std::string ChooseProgramFolder(const ProgramFolderPlaces& places, std::string* problem)
 {
     const bool installed = !places.deliveredFolder.empty();
     if (!installed && CanWrite(places.executableFolder))
         return places.executableFolder;
-    if (places.dataHome.empty())
+    if (places.dataHome.empty()) {
+        Tell(problem, std::string("(no home folder is known: HOME and XDG_DATA_HOME are not set)"));
         return places.executableFolder;
+    }
     const std::string folder = JoinPath(places.dataHome, kUserFolderName);
     std::error_code error;
     fs::create_directories(folder, error);
-    if (!IsFolder(folder) || !CanWrite(folder))
+    if (error || !IsFolder(folder) || !CanWrite(folder)) {
+        const std::string reason =
+            error ? error.message() : !IsFolder(folder) ? std::strerror(ENOTDIR) : std::strerror(EACCES);
+        Tell(problem, folder + kCrLf + kCrLf + reason);
         return places.executableFolder;
+    }
     // The run script's own copy of the program lives in this folder too:
     // never seed a folder from itself.
     const std::string source = installed ? places.deliveredFolder : places.executableFolder;
-    if (!fs::equivalent(source, folder, error))
-        SeedProgramFolder(source, folder);
+    // A help page that could not be brought up to date leaves the older one;
+    // a database that could not be copied leaves a folder the program
+    // cannot start from.
+    std::string seedProblem;
+    if (!fs::equivalent(source, folder, error) && !SeedProgramFolder(source, folder, &seedProblem) &&
+        FindFileNoCase(folder, "data.dat").empty()) {
+        Tell(problem, seedProblem);
+        return places.executableFolder;
+    }
     return folder;
 }
 
@@ -135,9 +165,9 @@ ProgramFolderPlaces ProgramFolderPlacesFor(const std::string& executableFolder)
     return places;
 }
 
-std::string ProgramFolder(const std::string& executableFolder)
+std::string ProgramFolder(const std::string& executableFolder, std::string* problem)
 {
-    return ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder));
+    return ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder), problem);
 }
 
 std::string ProgramFolderToRead(const std::string& executableFolder)

@@ -30,22 +30,23 @@ inline constexpr const char* kKeptCurrent[] = {"pw.hlp", "help"};
 // The folder for places: the executable's own folder when it can be written
 // and the program is not installed; otherwise dataHome/Platewell, created and
 // seeded from the delivered folder (or, for a program that is not installed,
-// from the executable's folder). When the per-user folder cannot be made, the
-// executable's folder. Never throws; a file that cannot be copied is left out
-// (the start-up checks then report what is missing).
-std::string ChooseProgramFolder(const ProgramFolderPlaces& places);
+// from the executable's folder). When the per-user folder cannot be made or
+// seeded, problem (when given) tells which folder or file and the system's
+// reason, and the executable's folder is returned. Never throws.
+std::string ChooseProgramFolder(const ProgramFolderPlaces& places, std::string* problem = nullptr);
 
 // Copies the delivered files from source into folder: each of kSeededOnce
 // only when folder has no file of that name (in any case), each of
-// kKeptCurrent when missing or different. Returns false when a copy failed.
-bool SeedProgramFolder(const std::string& source, const std::string& folder);
+// kKeptCurrent when missing or different. Returns false when a copy failed,
+// with the file and the system's reason in problem when given.
+bool SeedProgramFolder(const std::string& source, const std::string& folder, std::string* problem = nullptr);
 
 // The places of this process: share/platewell at its installed place
 // relative to executableFolder, and the data home from the environment.
 ProgramFolderPlaces ProgramFolderPlacesFor(const std::string& executableFolder);
 
-// ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder)).
-std::string ProgramFolder(const std::string& executableFolder);
+// ChooseProgramFolder(ProgramFolderPlacesFor(executableFolder), problem).
+std::string ProgramFolder(const std::string& executableFolder, std::string* problem = nullptr);
 
 // The folder whose data.dat a run that writes nothing (a command-line export)
 // reads: the program folder the window would use when it already holds one,

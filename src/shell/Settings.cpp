@@ -95,7 +95,7 @@ void ReadSettings(const std::string& folder, Settings& settings)
         WriteSettings(folder, settings);
         return;
     }
-    ReadSettingsText(ReadWholeFile(path), settings);
+    ReadSettingsText(ReadWholeFile(path, kSettingsFileLimit), settings);
 }
 
 void WriteSettings(const std::string& folder, const Settings& settings)

@@ -1,5 +1,6 @@
 list(APPEND MODEL_SOURCES
   src/shell/HelpTopics.cpp
+  src/shell/ProgramLock.cpp
   src/shell/Settings.cpp
   src/shell/Tips.cpp
 )

@@ -370,7 +370,7 @@ private slots:
         QCOMPARE(p.fakes.files.saveRequests.size(), size_t(1));
         QCOMPARE(Described(p.fakes.files.saveRequests[0]),
                  Q(p.folder.Path()) + "|.pwp|Ann.pwp|" + kProfileFilter + "|1100");
-        QCOMPARE(ReadWholeFile(path),
+        QCOMPARE(ReadWholeFile(path, kProfileFileLimit),
                  std::string("NAME:Ann\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\nSEX: 0 \r\n"
                              "LIFESTYLE: 2 \r\n"));
         QCOMPARE(p.Messages().size(), size_t(1));

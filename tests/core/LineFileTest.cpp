@@ -38,7 +38,7 @@ TEST(LineFile, AtomicWriteReplacesWholeOrNotAtAllAndKeepsWhatTheFileWas)
     const std::string path = folder.File("x.txt");
     WriteFileAtomic(path, "first");
     WriteFileAtomic(path, "second\r\n");
-    EXPECT_EQ(ReadWholeFile(path), "second\r\n");
+    EXPECT_EQ(ReadWholeFile(path, 64), "second\r\n");
 
     // A failed write (here: the target is a folder) leaves what was there
     // and no temporary file behind.
@@ -48,7 +48,7 @@ TEST(LineFile, AtomicWriteReplacesWholeOrNotAtAllAndKeepsWhatTheFileWas)
     EXPECT_EQ(folder.Read("sub/keep"), "kept");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()), 2);  // x.txt and sub
 
-    EXPECT_THROW(ReadWholeFile(folder.File("none")), RunTimeError);
+    EXPECT_THROW(ReadWholeFile(folder.File("none"), 64), RunTimeError);
 
     // The permission bits of the replaced file stay.
     const std::string secret = folder.File("private.pwp");

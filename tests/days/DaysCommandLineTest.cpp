@@ -157,7 +157,12 @@ private slots:
             {{"--export-days-csv", run.File("no/x.csv"), run.File("diary/2026-11-04.pwl")}, 1,
              "The report could not be written to\n" + run.File("no/x.csv") + ": No such file or directory\n"},
             {{"--export-days-pdf", run.File("no/x.pdf"), run.File("diary/2026-11-04.pwl")}, 1,
-             "The report could not be written to\n" + run.File("no/x.pdf") + "\n"},
+             "The report could not be written to\n" + run.File("no/x.pdf") + ": No such file or directory\n"},
+            // Never over one of the lists it reads, nor the program's own files.
+            {{"--export-days-csv", run.File("diary/2026-11-04.pwl"), run.File("diary")}, 1,
+             run.File("diary/2026-11-04.pwl") + "\nis not written: it is the file the report is made from.\n"},
+            {{"--export-days-pdf", run.File("data.dat"), run.File("diary")}, 1,
+             run.File("data.dat") + "\nis not written: it is Platewell's own file data.dat.\n"},
             {{"--export-days-csv", run.File("x.csv")}, 2, "The export needs list files (.pwl) or folders of them." + usage},
             {{"--export-days-csv", run.File("x.csv"), "--export-days-text", run.File("diary")}, 2,
              "Give one export option at a time." + usage},

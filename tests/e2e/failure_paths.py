@@ -387,6 +387,145 @@ def huge_window(ctx):
     return "window %dx%d at %d,%d" % (w.width, w.height, w.x, w.y)
 
 
+# ---- files from others ---------------------------------------------------------
+
+MARKUP_FOOD = (b'<h1>Your food database is damaged</h1><a href="http://x.example/">Repair</a>',
+               b'<img src="file:///dev/zero">', b"<table><tr><td>" * 3000, b"1 cup")
+MARKUP_NAME = "<h1>Big <u>title.pwl"
+# A memory limit (KB) far below what an image of /dev/zero or a layout of
+# 3,000 nested tables takes, far above what the program needs.
+MEMORY_LIMIT = 1500000
+
+
+def vm_rss_kb(pid):
+    with open("/proc/%d/status" % pid) as f:
+        for line in f:
+            if line.startswith("VmRSS:"):
+                return int(line.split()[1])
+    return 0
+
+
+def hostile_list(ctx):
+    """A list whose food texts and file name are markup: each box shows them
+    literally, nothing is loaded or followed, the program stays up."""
+    item = b"ITEM: 0 \t1\t" + b"\t".join(MARKUP_FOOD) + b"\r\n"
+    folder = ctx.make_folder({"default.pwp": PROFILE, MARKUP_NAME: PROFILE + item + b"\x01 a bad line\r\n"})
+    r = ctx.runner()
+    r.must("ulimit -v %d" % MEMORY_LIMIT)
+    r.start(args=(folder.file(MARKUP_NAME),))
+    box = only_box(r, "Open foodlist/analysis")
+    check_painted(box, None, ctx.shot("food"))
+    content = box_content(ctx.a11y, r.pid, box)
+    for text in MARKUP_FOOD[:2]:
+        check(text.decode() in content["text"], "the food's text is not shown literally: %r" % content["text"][:300])
+    answer(box, "Return")
+    box = only_box(r, "Error")
+    content = box_content(ctx.a11y, r.pid, box)
+    check(folder.file(MARKUP_NAME) + "\nis not a valid Platewell" in content["text"],
+          "the file's name is not shown literally: %r" % content["text"])
+    answer(box, "Return")
+    time.sleep(1.0)
+    check(r.running(), "the program ended")
+    rss = vm_rss_kb(r.pid)
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    check("pw.lock" not in os.listdir(folder.view), "pw.lock left behind")
+    return "both boxes literal, %d MB resident" % (rss // 1024)
+
+
+HOSTILE_HELP = (b'<h1><a name="context-0"></a>Help</h1><p>'
+                b'<a href="mailto:a@x?attach=/root/.ssh/id_rsa">mail</a> <a href="#deep">deep</a> '
+                b'<img src="file:///usr/share/pixmaps/debian-logo.png"><img src="file:///dev/zero"></p>'
+                b'<h1><a name="deep"></a>Deep</h1>' + b"<ul><li>" * 20000 + b"<table><tr><td>" * 3000)
+
+
+def hostile_help(ctx):
+    """A help file whose page asks for outside pictures and holds a mail link,
+    and whose next page nests 23,000 deep: the pages are shown (the deep one
+    as text), nothing outside is loaded, the mail link is refused with its
+    address shown and nothing reaches the desktop."""
+    folder = ctx.make_folder({"default.pwp": PROFILE, "pw.hlp": HOSTILE_HELP})
+    fake_bin = os.path.join(folder.root, "bin")
+    os.mkdir(fake_bin)
+    handed = os.path.join(folder.root, "handed.txt")
+    with open(os.path.join(fake_bin, "xdg-open"), "w") as f:
+        f.write("#!/bin/sh\necho \"$@\" >> '%s'\n" % handed)
+    os.chmod(os.path.join(fake_bin, "xdg-open"), 0o755)
+    r = ctx.runner()
+    r.must("ulimit -v %d" % MEMORY_LIMIT)
+    r.start(env={"PATH": fake_bin + ":" + os.environ.get("PATH", "/usr/bin:/bin")})
+    w = main_window(r)
+    activate(w)
+    keys("F1")
+    helpw = find_window(r.pid, "dialog", "Platewell Help", timeout=20)
+    time.sleep(1.5)
+    check(r.running(), "the program ended on the page")
+    # The page's links, reached by the keyboard from the page itself.
+    activate(helpw)
+    run(["xdotool", "mousemove", str(helpw.x + helpw.width // 2), str(helpw.y + helpw.height - 30)])
+    run(["xdotool", "click", "1"])
+    keys("Tab", "Return")
+    box = only_box(r, "Help", timeout=10)
+    content = box_content(ctx.a11y, r.pid, box)
+    check("mailto:a@x?attach=/root/.ssh/id_rsa" in content["text"], "box %r" % content["text"])
+    answer(box, "Return")
+    time.sleep(0.5)
+    activate(helpw)
+    keys("Tab", "Return")  # the next link: the deep page
+    time.sleep(2.0)
+    if ctx.shot("deep"):
+        run(["import", "-window", "root", ctx.shot("deep")], timeout=15)
+    check(r.running(), "the program ended on the deep page")
+    rss = vm_rss_kb(r.pid)
+    check(not os.path.exists(handed), "handed to the desktop: %r" % (open(handed).read() if os.path.exists(handed) else ""))
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    return "pages shown, %d MB resident, mail link refused: %s" % (rss // 1024, content["text"].replace("\n", " "))
+
+
+def lock_unwritable(ctx):
+    """pw.lock cannot be made: the first copy runs on a lock in the runtime
+    folder, a second copy is still refused."""
+    folder = ctx.make_folder({"default.pwp": PROFILE})
+    os.mkdir(os.path.join(folder.path, "pw.lock"))
+    first = ctx.runner()
+    first.start()
+    main_window(first)
+    second = ctx.runner()
+    second.start()
+    box = only_box(second)
+    content = box_content(ctx.a11y, second.pid, box)
+    check("already running" in content["text"], "box %r" % content["text"])
+    answer(box, "Return")
+    check(wait_exit(second) != 0, "the second copy ended with status 0")
+    check(first.running(), "the first copy ended")
+    first.signal(signal.SIGTERM)
+    check(wait_exit(first) == 0, "the first copy's exit failed")
+    return "second copy refused: %s" % content["text"].replace("\n", " ")
+
+
+def foreign_lock(ctx):
+    """A lock written on another computer: named, with the choice to start;
+    No ends, Yes starts."""
+    lock = b"PLATEWELL LOCK\r\n4242\r\nkitchen-laptop\r\n"
+    folder = ctx.make_folder({"default.pwp": PROFILE, "pw.lock": lock})
+    r = ctx.runner()
+    r.start()
+    box = only_box(r, "Platewell")
+    content = box_content(ctx.a11y, r.pid, box)
+    check("in use on kitchen-laptop" in content["text"] and folder.path in content["text"], "box %r" % content["text"])
+    answer(box, "Escape")  # No
+    check(wait_exit(r) != 0, "No started the program")
+    check(folder.read("pw.lock") == lock, "the lock was changed after No")
+    r = ctx.runner()
+    r.start()
+    answer(only_box(r, "Platewell"), "Return")  # Yes
+    main_window(r)
+    r.signal(signal.SIGTERM)
+    check(wait_exit(r) == 0, "exit failed")
+    return content["text"].replace("\n", " ")
+
+
 # Scenarios run before the window manager starts.
 BARE = {"huge_window"}
 
@@ -416,6 +555,11 @@ SCENARIOS = {
     "temp_files_removed": temp_files_removed,
     "sigterm_with_list": sigterm_with_list,
     "huge_window": huge_window,
+    # Files from others, and the lock.
+    "hostile_list": hostile_list,
+    "hostile_help": hostile_help,
+    "lock_unwritable": lock_unwritable,
+    "foreign_lock": foreign_lock,
 }
 
 

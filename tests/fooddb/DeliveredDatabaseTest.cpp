@@ -24,7 +24,7 @@ const std::string kUsdaFolder = kSourceDir + "/data/source/usda-sr21";
 
 const std::string& Bytes()
 {
-    static const std::string bytes = ReadWholeFile(kDataFile);
+    static const std::string bytes = ReadWholeFile(kDataFile, kDataFileLimit);
     return bytes;
 }
 

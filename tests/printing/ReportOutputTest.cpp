@@ -10,6 +10,9 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <filesystem>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
 #include <numeric>
 #include <set>
 
@@ -107,14 +110,18 @@ struct Exports {
     }
     QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
     // The exit status, standard output and standard error.
-    std::tuple<int, QString, QString> Run(const QStringList& arguments) const
+    // With shellArguments, /bin/sh runs them instead (the arguments unused).
+    std::tuple<int, QString, QString> Run(const QStringList& arguments, const QStringList& shellArguments = {}) const
     {
         QProcess process;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
             env.remove(QString::fromLatin1(name));
         process.setProcessEnvironment(env);
-        process.start(File("platewell"), arguments);
+        if (shellArguments.isEmpty())
+            process.start(File("platewell"), arguments);
+        else
+            process.start(QStringLiteral("/bin/sh"), shellArguments);
         if (!process.waitForFinished(60000))
             return {-1, {}, QStringLiteral("did not finish")};
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
@@ -347,6 +354,91 @@ private slots:
             QCOMPARE(request.output, c.output);
             QCOMPARE(request.listFile, c.list);
         }
+    }
+
+    void TheCommandLineNeverWritesOverWhatItMustNotAndEscapesFileBytes()
+    {
+        const Exports run;
+        // Through the shell, so names and redirections are the bytes given.
+        const auto shell = [&](const QString& script) {
+            return run.Run({}, {QStringLiteral("-c"), QStringLiteral("cd '%1' && %2").arg(run.folder.Path().c_str(), script)});
+        };
+        const QString notWritten = QStringLiteral("\nis not written: it %1.\n");
+        const std::pair<QStringList, QString> refused[] = {
+            {{"--export-pdf", run.File("day.pwl"), run.File("day.pwl")},
+             run.File("day.pwl") + notWritten.arg("is the file the report is made from")},
+            {{"--export-csv", run.File("data.dat"), run.File("day.pwl")},
+             run.File("data.dat") + notWritten.arg("is Platewell's own file data.dat")},
+            {{"--export-csv", run.File("PW.INI"), run.File("day.pwl")},
+             run.File("PW.INI") + notWritten.arg("is Platewell's own file pw.ini")},
+            {{"--export-pdf", QString::fromStdString(run.folder.Path()), run.File("day.pwl")},
+             QString::fromStdString(run.folder.Path()) + notWritten.arg("is a folder")},
+        };
+        for (const auto& [arguments, error] : refused) {
+            const auto [status, out, err] = run.Run(arguments);
+            QCOMPARE(status, 1);
+            QCOMPARE(err, error);
+        }
+        QCOMPARE(run.folder.Read("day.pwl"), kDay);
+        QCOMPARE(run.folder.Read("data.dat"), run.data);
+        QVERIFY(!run.folder.Exists("PW.INI") && !run.folder.Exists("pw.ini"));
+
+        // Names in any encoding are read and written as their bytes; what is
+        // not text is escaped in messages.
+        run.folder.Write("caf\xe9.pwl", kDay);
+        auto [status, out, err] = shell(QStringLiteral("./platewell --export-csv \"$(printf 'out\\351.csv')\" "
+                                                       "\"$(printf 'caf\\351.pwl')\""));
+        QCOMPARE(status, 0);
+        QVERIFY(!run.folder.Exists("out\xef\xbf\xbd.csv"));
+        const OpenedAnalysis day = OpenAnalysis(ParseAnalysisBytes(kDay), SampleTable(), QDate::currentDate().year());
+        QCOMPARE(run.folder.Read("out\xe9.csv"), FoodListCsv(day.list));
+        std::tie(status, out, err) = shell(QStringLiteral("./platewell --export-text \"$(printf 'none\\351\\033.pwl')\""));
+        QCOMPARE(status, 1);
+        QCOMPARE(err, QStringLiteral("none\\xe9\\x1b.pwl: No such file or directory\n"));
+
+        // Control characters of a file's texts never reach the terminal raw:
+        // C0 ones make a line bad, C1 ones (a CSI among them) are escaped.
+        run.folder.Write("c1.pwl", "NAME:Ann\x9b" "2J\x85\r\nYOB:62\r\nHEIGHT:64\r\nWEIGHT:150\r\n"
+                                   "ITEM: 3 \t1\tSnacks\x9b\tChips\tPotato\t1 oz\r\n");
+        QProcess raw;
+        raw.start(run.File("platewell"), {"--export-text", run.File("c1.pwl")});
+        QVERIFY(raw.waitForFinished(60000));
+        const QByteArray bytes = raw.readAllStandardOutput() + raw.readAllStandardError();
+        QCOMPARE(raw.exitCode(), 0);
+        QVERIFY2(bytes.contains("Ann\\xc2\\x9b2J\\xc2\\x85") && bytes.contains("Snacks\\xc2\\x9b/"), bytes.constData());
+        for (char c = 0; c < 0x20; ++c)
+            QVERIFY(c == '\n' || c == '\t' || !bytes.contains(c));
+        QVERIFY(!bytes.contains("\xc2\x9b") && !bytes.contains("\xc2\x85"));
+
+        // A list far larger than any list is refused before it is read, within
+        // a memory limit the whole file would not fit.
+        run.folder.Write("huge.pwl", "NAME:Ann\r\n" + std::string(100u << 20, '\n'));
+        std::tie(status, out, err) = shell(QStringLiteral("ulimit -v 1500000; ./platewell --export-text huge.pwl"));
+        QCOMPARE(status, 1);
+        QCOMPARE(err, QStringLiteral("huge.pwl\nis not a valid Platewell\n.pwl file.\n"));
+
+        // An option nobody knows is told without a display.
+        std::tie(status, out, err) = run.Run({"--bogus"});
+        QCOMPARE(status, 2);
+        QVERIFY2(err.startsWith(QStringLiteral("Unknown option 'bogus'.")), qPrintable(err));
+
+        // Devices made here (never in /dev) are written in place: a full one
+        // fails the export, and stays the device it was.
+        if (::geteuid() != 0)
+            QSKIP("making device nodes needs root");
+        QVERIFY(::mknod(run.folder.File("full").c_str(), S_IFCHR | 0666, makedev(1, 7)) == 0);
+        QVERIFY(::mknod(run.folder.File("null").c_str(), S_IFCHR | 0666, makedev(1, 3)) == 0);
+        for (const char* option : {"--export-csv", "--export-pdf"}) {
+            std::tie(status, out, err) = run.Run({option, run.File("full"), run.File("day.pwl")});
+            QVERIFY2(status == 1 && err.endsWith(run.File("full") + "\n"), qPrintable(err));
+            std::tie(status, out, err) = run.Run({option, run.File("null"), run.File("day.pwl")});
+            QCOMPARE(status, 0);
+        }
+        std::tie(status, out, err) = shell(QStringLiteral("./platewell --export-text day.pwl > full"));
+        QCOMPARE(status, 1);
+        QVERIFY2(err.endsWith(QStringLiteral("standard output: No space left on device\n")), qPrintable(err));
+        struct stat info {};
+        QVERIFY(::stat(run.folder.File("full").c_str(), &info) == 0 && S_ISCHR(info.st_mode));
     }
 
     void TheCommandLineExportsWithoutADisplay()

@@ -169,10 +169,14 @@ TEST(Report, AListOpensAsTheWindowOpensIt)
     for (int r = 0; r < kFoodListCapacity; ++r)
         rows += "ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n";
     EXPECT_EQ(OpenAnalysis(ParseAnalysisBytes(rows), table, 2026).list.Count(), kFoodListCapacity);
-    EXPECT_FALSE(OpenAnalysis(ParseAnalysisBytes(rows + "ITEM: 3 \t1\tSnacks\tChips\tPotato\t1 oz\r\n"
-                                                        "ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n"),
-                              table, 2026)
-                     .valid);
+    // It is refused whole, before any food is looked for: no message about a
+    // food no longer in the database.
+    const AnalysisFileContent over = ParseAnalysisBytes(
+        rows + "ITEM: 3 \t1\tSnacks\tChips\tPotato\t1 oz\r\nITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n");
+    EXPECT_TRUE(over.refused && over.items.empty() && over.settings.empty());
+    const OpenedAnalysis refused = OpenAnalysis(over, table, 2026);
+    EXPECT_FALSE(refused.valid);
+    EXPECT_TRUE(refused.messages.empty());
     // Under 13: told, and the year emptied, as the profile tab does.
     const OpenedAnalysis young = OpenAnalysis(ParseAnalysisBytes("YOB:20\r\nHEIGHT:64\r\nWEIGHT:150\r\n"), table, 1925);
     EXPECT_TRUE(young.valid);

@@ -479,7 +479,7 @@ private slots:
 
     void TheDeliveredHelpFileHasEveryTopicTheProgramOpens()
     {
-        const std::string file = ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/pw.hlp");
+        const std::string file = ReadWholeFile(PLATEWELL_SOURCE_DIR "/data/pw.hlp", kHelpFileLimit);
         std::vector<int> contexts;
         for (const HelpTopic& topic : HelpTopics(file)) {
             contexts.push_back(topic.context);
@@ -577,8 +577,9 @@ private slots:
             const auto* browser = Find<QTextBrowser>(w, QStringLiteral("browserHelp"));
             return browser->document()->toPlainText().section('\n', 0, 0).trimmed();
         };
+        RecordingPrompts prompts;
         {
-            HelpWindow window;
+            HelpWindow window(prompts);
             auto* browser = Find<QTextBrowser>(window, QStringLiteral("browserHelp"));
             auto* back = Find<QPushButton>(window, QStringLiteral("btnBack"));
             auto* forward = Find<QPushButton>(window, QStringLiteral("btnForward"));
@@ -630,7 +631,7 @@ private slots:
             window.resize(640, 420);
             Find<QPushButton>(window, QStringLiteral("btnClose"))->click();
         }
-        HelpWindow again;
+        HelpWindow again(prompts);
         QCOMPARE(again.size(), QSize(640, 420));
     }
 

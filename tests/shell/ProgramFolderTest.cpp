@@ -29,7 +29,7 @@ Files ReadFiles(const std::string& folder)
     std::error_code error;
     for (fs::recursive_directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
         if (it->is_regular_file())
-            files[it->path().lexically_relative(folder).string()] = ReadWholeFile(it->path().string());
+            files[it->path().lexically_relative(folder).string()] = ReadWholeFile(it->path().string(), std::size_t(1) << 30);
     return files;
 }
 
@@ -79,8 +79,16 @@ TEST(ProgramFolder, ChosenAndSeededByWhereTheProgramRuns)
             places.dataHome.clear();
         }
 
-        const std::string chosen = ChooseProgramFolder(places);
+        std::string problem;
+        const std::string chosen = ChooseProgramFolder(places, &problem);
         EXPECT_EQ(chosen, c.where == Case::User ? user : bin);
+        // A per-user folder that cannot be made is named with the reason.
+        if (c.where == Case::UnusableHome)
+            EXPECT_EQ(problem, JoinPath(places.dataHome, kUserFolderName) + "\r\n\r\nNot a directory");
+        else if (c.where == Case::NoHome)
+            EXPECT_NE(problem.find("no home folder"), std::string::npos);
+        else
+            EXPECT_EQ(problem, "");
         EXPECT_EQ(ReadFiles(user), c.after);
         EXPECT_EQ(ReadFiles(delivered), kDelivered);
         EXPECT_TRUE(ReadFiles(bin).empty());

@@ -18,7 +18,7 @@ public:
     const std::string& Path() const { return path_; }
     std::string File(const std::string& name) const { return JoinPath(path_, name); }
     bool Exists(const std::string& name) const { return std::filesystem::exists(File(name)); }
-    std::string Read(const std::string& name) const { return ReadWholeFile(File(name)); }
+    std::string Read(const std::string& name) const { return ReadWholeFile(File(name), std::size_t(1) << 30); }
     void Write(const std::string& name, const std::string& bytes) const;
 
 private:

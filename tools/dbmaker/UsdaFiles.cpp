@@ -21,7 +21,7 @@ struct Table {
 Table ReadTable(const std::string& folder, const std::string& name, std::size_t fieldCount)
 {
     Table table{name, {}};
-    const std::vector<std::string> lines = SplitLines(ReadWholeFile(JoinPath(folder, name)));
+    const std::vector<std::string> lines = SplitLines(ReadWholeFile(JoinPath(folder, name), std::size_t(1) << 30));
     int lineNo = 0;
     for (const auto& line : lines) {
         ++lineNo;

@@ -310,7 +310,7 @@ int main(int argc, char** argv)
         about->hide();
     }
 
-    HelpWindow helpWindow;
+    HelpWindow helpWindow(fakes.prompts);
     helpWindow.resize(760, 520);
     if (helpWindow.LoadFile(program.filePath(QStringLiteral("pw.hlp")))) {
         helpWindow.show();

@@ -113,6 +113,10 @@ void AnalysisFileCommands::ReadAnalysis(const QString& path)
 {
     list_.refresh();
     const AnalysisFileContent content = ReadAnalysisFile(ToNativePath(path));
+    if (content.refused) {
+        ReportNotAnAnalysisFile(path);
+        return;
+    }
     // The profile first, whatever the order of the lines: the entries'
     // percents are taken of its daily values.
     if (!profilePage_.ApplySettings(content.settings)) {
@@ -126,8 +130,11 @@ void AnalysisFileCommands::ReadAnalysis(const QString& path)
             return;
         const DailyValues dailyValues = session_.profile.valid ? session_.dailyValues : DailyValues{};
         // More rows than a list holds end here, as a file that is not a list.
+        // Once the program is ending (terminated while a message was up) the
+        // rest of the file is not told.
         OpenItems(content.items, session_.foodTable, dailyValues, list_.append, [&](const std::string& text) {
-            seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
+            if (!session_.ended)
+                seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
         });
         // A valid profile brings the summary and the grid up to date.
         if (valid)

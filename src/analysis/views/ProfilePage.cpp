@@ -71,7 +71,9 @@ QLineEdit* MakeBox(QWidget* parent, const char* objectName)
 
 QLabel* MakeBuddyLabel(QWidget* parent, const char* caption, QWidget* buddy)
 {
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(QString::fromLatin1(caption));
     label->setBuddy(buddy);
     return label;
 }
@@ -153,9 +155,9 @@ void ProfilePage::BuildControls()
     const int measureWidth = txtHeight->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12;
     txtHeight->setFixedWidth(measureWidth);
     txtWeight->setFixedWidth(measureWidth);
-    labHeightUnits = new QLabel(QStringLiteral("inches"), this);
+    labHeightUnits = MakeLabel(this, QStringLiteral("labHeightUnits"), "inches");
     labHeightUnits->setObjectName(QStringLiteral("labHeightUnits"));
-    labWeightUnits = new QLabel(QStringLiteral("pounds"), this);
+    labWeightUnits = MakeLabel(this, QStringLiteral("labWeightUnits"), "pounds");
     labWeightUnits->setObjectName(QStringLiteral("labWeightUnits"));
 
     auto* measures = new QGridLayout;

@@ -14,17 +14,17 @@ std::string ToNativePath(const QString& path) { return QFile::encodeName(path).t
 
 QString FromNativePath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 
-QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption, LabelText format)
+QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption)
 {
-    return MakeLabel(parent, name, QString::fromLatin1(caption), format);
+    return MakeLabel(parent, name, QString::fromLatin1(caption));
 }
 
-QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption, LabelText format)
+QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption)
 {
-    auto* label = new QLabel(caption, parent);
+    auto* label = new QLabel(parent);
     label->setObjectName(name);
-    if (format == LabelText::Plain)
-        label->setTextFormat(Qt::PlainText);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(caption);
     return label;
 }
 

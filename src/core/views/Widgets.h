@@ -20,13 +20,13 @@ std::string ToLatin1(const QString& text);
 std::string ToNativePath(const QString& path);
 QString FromNativePath(const std::string& path);
 
-enum class LabelText { Auto, Plain };
 enum class ButtonDefault { Auto, Never };
 
-// A label named name showing caption (Latin-1).
-QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption, LabelText format = LabelText::Auto);
+// A label named name showing caption (Latin-1) as plain text: what a label
+// shows is never read as markup, whoever wrote it.
+QLabel* MakeLabel(QWidget* parent, const QString& name, const char* caption);
 // The same for a caption made at run time.
-QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption, LabelText format);
+QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption);
 // A button named name with caption and, when given, a tool tip. Never: the
 // button does not become a dialog's default on focus.
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* caption, const char* tip = nullptr,

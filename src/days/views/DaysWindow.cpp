@@ -84,7 +84,7 @@ DaysWindow::DaysWindow(const FoodTable& table, Seams& seams, QString settingsFil
     csvFoods->setObjectName(QStringLiteral("mnuDaysCsvFoods"));
     btnDaysCsv->setMenu(csvMenu);
 
-    labDaysPeriod = MakeLabel(this, QStringLiteral("labDaysPeriod"), "", LabelText::Plain);
+    labDaysPeriod = MakeLabel(this, QStringLiteral("labDaysPeriod"), "");
     QStringList captions = {QStringLiteral("Date"), QStringLiteral("Files"), QStringLiteral("Foods")};
     for (const char* caption : kPeriodNutrientCaptions)
         captions << QString::fromLatin1(caption);
@@ -349,7 +349,6 @@ void DaysWindow::ShowNutrient()
         gridDaysTopFoods->setItem(r, 0, Cell(QString::number(food.amount), true));
         gridDaysTopFoods->setItem(r, 1, Cell(QString::number(food.share) + QLatin1Char('%'), true));
         gridDaysTopFoods->setItem(r, 2, Cell(text, false));
-        gridDaysTopFoods->item(r, 2)->setToolTip(text);
     }
     gridDaysTopFoods->resizeColumnsToContents();
 }

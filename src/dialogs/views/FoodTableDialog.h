@@ -67,7 +67,7 @@ void TellDatabaseFull(Prompts& prompts);
 // default on focus.
 inline QLabel* MakeDialogLabel(QWidget* parent, const QString& name, const char* caption)
 {
-    return MakeLabel(parent, name, caption, LabelText::Plain);
+    return MakeLabel(parent, name, caption);
 }
 inline QPushButton* MakeDialogButton(QWidget* parent, const char* name, const char* caption, const char* tip)
 {

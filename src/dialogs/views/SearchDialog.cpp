@@ -106,7 +106,7 @@ void SearchDialog::BuildControls()
     setWindowTitle(QStringLiteral("Search for"));
     setSizeGripEnabled(true);
 
-    labEnterSearchTerm = MakeLabel(this, QStringLiteral("labEnterSearchTerm"), "Enter Search term:", LabelText::Plain);
+    labEnterSearchTerm = MakeLabel(this, QStringLiteral("labEnterSearchTerm"), "Enter Search term:");
     labEnterSearchTerm->setWordWrap(true);
     txtSearch = new QLineEdit(this);
     txtSearch->setObjectName(QStringLiteral("txtSearch"));
@@ -117,12 +117,12 @@ void SearchDialog::BuildControls()
 
     frameResults = new QGroupBox(QStringLiteral("Search Results"), this);
     frameResults->setObjectName(QStringLiteral("frameResults"));
-    labPrimaryLabel = MakeLabel(frameResults, QStringLiteral("labPrimaryLabel"), "Primary Group", LabelText::Plain);
-    labPrimary = MakeLabel(frameResults, QStringLiteral("labPrimary"), "", LabelText::Plain);
-    labSecondaryLabel = MakeLabel(frameResults, QStringLiteral("labSecondaryLabel"), "Sub-group", LabelText::Plain);
-    labSecondary = MakeLabel(frameResults, QStringLiteral("labSecondary"), "", LabelText::Plain);
-    labDescriptionLabel = MakeLabel(frameResults, QStringLiteral("labDescriptionLabel"), "Description", LabelText::Plain);
-    labDescription = MakeLabel(frameResults, QStringLiteral("labDescription"), "", LabelText::Plain);
+    labPrimaryLabel = MakeLabel(frameResults, QStringLiteral("labPrimaryLabel"), "Primary Group");
+    labPrimary = MakeLabel(frameResults, QStringLiteral("labPrimary"), "");
+    labSecondaryLabel = MakeLabel(frameResults, QStringLiteral("labSecondaryLabel"), "Sub-group");
+    labSecondary = MakeLabel(frameResults, QStringLiteral("labSecondary"), "");
+    labDescriptionLabel = MakeLabel(frameResults, QStringLiteral("labDescriptionLabel"), "Description");
+    labDescription = MakeLabel(frameResults, QStringLiteral("labDescription"), "");
     QFont valueFont = labPrimary->font();
     valueFont.setBold(true);
     for (QLabel* value : {labPrimary, labSecondary, labDescription})

@@ -472,10 +472,8 @@ bool PaintReport(const ReportDocument& report, QPagedPaintDevice& device)
     return painter.end();
 }
 
-bool WriteReportPdf(const ReportDocument& report, const QString& path, const QPageSize& size)
+std::optional<QByteArray> ReportPdfBytes(const ReportDocument& report, const QPageSize& size)
 {
-    // Drawn in memory and written whole, so a failed write leaves no
-    // half-written file behind.
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     {
@@ -485,10 +483,20 @@ bool WriteReportPdf(const ReportDocument& report, const QString& path, const QPa
         writer.setTitle(FromModel(report.title));
         writer.setPageLayout(ReportPageLayout(report, size));
         if (!PaintReport(report, writer))
-            return false;
+            return std::nullopt;
     }
+    return buffer.data();
+}
+
+bool WriteReportPdf(const ReportDocument& report, const QString& path, const QPageSize& size)
+{
+    // Drawn in memory and written whole, so a failed write leaves no
+    // half-written file behind.
+    const std::optional<QByteArray> pdf = ReportPdfBytes(report, size);
+    if (!pdf)
+        return false;
     try {
-        WriteFileAtomic(ToNativePath(path), buffer.data().toStdString());
+        WriteFileAtomic(ToNativePath(path), std::string_view(pdf->constData(), std::size_t(pdf->size())));
     } catch (const RunTimeError&) {
         return false;
     }

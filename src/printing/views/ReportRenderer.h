@@ -4,10 +4,12 @@
 // with the title, the person's name and the date, and "Page n of m" below.
 // Tables are sized to their content, wrap text between words only, repeat
 // their header row on every page and never split a row across pages.
+#include <QByteArray>
 #include <QImage>
 #include <QPageLayout>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "printing/Report.h"
@@ -53,6 +55,10 @@ QPageLayout ReportPageLayout(const ReportDocument& report, const QPageSize& size
 // Paints every page on device (a printer or a PDF writer), starting a new
 // page between them; false when the painter could not start.
 bool PaintReport(const ReportDocument& report, QPagedPaintDevice& device);
+
+// The report as the bytes of a PDF file; nothing when it cannot be drawn.
+std::optional<QByteArray> ReportPdfBytes(const ReportDocument& report,
+                                         const QPageSize& size = QPageSize(QPageSize::A4));
 
 // Writes the report as a PDF file; false when it cannot be written.
 bool WriteReportPdf(const ReportDocument& report, const QString& path,

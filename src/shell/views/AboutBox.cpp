@@ -17,20 +17,21 @@ AboutBox::AboutBox(const Session& session, QWidget* parent) : QDialog(parent)
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(QStringLiteral("About Platewell"));
     auto* logo = new QLabel(this);
+    logo->setTextFormat(Qt::PlainText);
     logo->setPixmap(PaintLogo(QSize(96, 96)).copy(0, 0, 96, 96));
-    labTitle = MakeLabel(this, QStringLiteral("labTitle"), QStringLiteral("Platewell"), LabelText::Plain);
+    labTitle = MakeLabel(this, QStringLiteral("labTitle"), QStringLiteral("Platewell"));
     QFont big = labTitle->font();
     big.setBold(true);
     big.setPointSizeF(big.pointSizeF() * 1.6);
     labTitle->setFont(big);
     labVersion = MakeLabel(this, QStringLiteral("labVersion"),
-                           QStringLiteral("Program version: ") + QLatin1String(kProgramVersionText), LabelText::Plain);
+                           QStringLiteral("Program version: ") + QLatin1String(kProgramVersionText));
     labDataVersion = MakeLabel(this, QStringLiteral("labDataVersion"), QStringLiteral("Data version: ") +
-                                   QString::fromLatin1(DataVersionText(session.foodTable.DataVersionLine)), LabelText::Plain);
+                                   QString::fromLatin1(DataVersionText(session.foodTable.DataVersionLine)));
     labDataVersion->setWordWrap(true);
     labHelpVersion = MakeLabel(this, QStringLiteral("labHelpVersion"),
-                               QStringLiteral("Help file version: ") + QLatin1String(kHelpVersionText), LabelText::Plain);
-    Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("All Rights Reserved"), LabelText::Plain);
+                               QStringLiteral("Help file version: ") + QLatin1String(kHelpVersionText));
+    Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("All Rights Reserved"));
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);

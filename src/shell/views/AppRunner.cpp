@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
@@ -22,6 +21,7 @@
 #include "core/views/ErrorGuard.h"
 #include "shell/views/MainWindow.h"
 #include "shell/ProgramFolder.h"
+#include "shell/ProgramLock.h"
 #include "shell/views/ProgramWindows.h"
 #include "shell/views/RealSeams.h"
 #include "shell/Session.h"
@@ -45,6 +45,48 @@ std::string AlreadyRunningText(const std::string& folder)
 {
     return "Platewell is already running from the folder" + std::string(kCrLf) + folder + kCrLf + kCrLf +
            "Use the window that is open, or close it before starting Platewell again.";
+}
+
+std::string OtherComputerText(const std::string& folder, const std::string& host)
+{
+    return "Platewell is in use on " + host + " from the folder" + kCrLf + folder + kCrLf + kCrLf +
+           "If Platewell is not running there (the folder was copied from that computer), it can start here. "
+           "If it is running there, the copy that ends last would write over the other's files." +
+           kCrLf + kCrLf + "Start Platewell anyway?";
+}
+
+std::string CannotLockText(const std::string& folder, const std::string& reason)
+{
+    return "Platewell cannot lock its folder" + std::string(kCrLf) + folder + kCrLf + kCrLf + reason + kCrLf +
+           kCrLf + "It does not start, so that two copies never write the same files.";
+}
+
+std::string CannotUseFolderText(const std::string& problem)
+{
+    return "Platewell cannot keep its files in" + std::string(kCrLf) + problem + kCrLf + kCrLf +
+           "Make room, or make the folder writable, and start Platewell again.";
+}
+
+// Locks the program folder, asking about a lock written on another
+// computer; false when the program must not start (the user was told).
+bool LockFolder(ProgramLock& lock, const std::string& folder, Prompts& prompts)
+{
+    LockOutcome outcome = lock.Take(folder);
+    if (outcome.kind == LockOutcome::Kind::HeldOnHost &&
+        prompts.Message(OtherComputerText(folder, outcome.host), std::string("Platewell"), MsgIcon::Question,
+                        MsgButtons::YesNo) == MsgResult::Yes)
+        outcome = lock.Take(folder, true);
+    switch (outcome.kind) {
+    case LockOutcome::Kind::Taken: return true;
+    case LockOutcome::Kind::HeldHere:
+        prompts.Message(AlreadyRunningText(folder), std::string("Platewell"), MsgIcon::Exclamation);
+        return false;
+    case LockOutcome::Kind::HeldOnHost: return false;  // the user said No
+    case LockOutcome::Kind::Failed:
+        prompts.Message(CannotLockText(folder, outcome.reason), std::string("Platewell"), MsgIcon::Critical);
+        return false;
+    }
+    return false;
 }
 
 }  // namespace
@@ -106,17 +148,19 @@ int RunPlatewell(int& argc, char** argv)
     SetDesktopIdentity(app);
 
     Session session;
-    session.programFolder = ProgramFolder(ExecutableFolder());
+    std::string folderProblem;
+    session.programFolder = ProgramFolder(ExecutableFolder(), &folderProblem);
     MessageBoxPrompts prompts;
+    if (!folderProblem.empty()) {
+        prompts.Message(CannotUseFolderText(folderProblem), std::string("Platewell"), MsgIcon::Critical);
+        return 1;
+    }
 
     // One program per folder: a second copy would write its files over the
     // first one's at exit. A lock whose owner has died is taken over.
-    QLockFile lock(InFolder(session.programFolder, QString::fromLatin1(kLockFileName)));
-    lock.setStaleLockTime(0);
-    if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError) {
-        prompts.Message(AlreadyRunningText(session.programFolder), std::string("Platewell"), MsgIcon::Exclamation);
+    ProgramLock lock;
+    if (!LockFolder(lock, session.programFolder, prompts))
         return 1;
-    }
     // Nothing else writes in this folder now: what an interrupted save left
     // behind can go.
     RemoveStaleTemporaries(session.programFolder, {kDataFileName, kSettingsFileName, kDefaultProfileName});
@@ -129,7 +173,7 @@ int RunPlatewell(int& argc, char** argv)
     // Once the user has answered a run-time error the process ends at once,
     // whatever was waiting below the message.
     ErrorGuard guard(session.ended, prompts, [&lock] {
-        lock.unlock();
+        lock.Release();
         std::_Exit(1);
     });
     app.SetGuard(&guard);

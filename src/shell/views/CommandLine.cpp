@@ -8,10 +8,12 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <cstdio>
+#include <unistd.h>
 
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisOpening.h"
 #include "core/LineFile.h"
+#include "core/OutputTarget.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "days/DayFiles.h"
@@ -19,10 +21,22 @@
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
 #include "printing/views/ReportRenderer.h"
+#include "analysis/ProfileFile.h"
+#include "shell/HelpTopics.h"
 #include "shell/Session.h"
+#include "shell/Settings.h"
 #include "shell/StartupTexts.h"
+#include "shell/Tips.h"
 
 namespace pw {
+
+// Messages go to the terminal as UTF-8 with their CR LF made LF and every
+// control character from a file escaped.
+void PrintUtf8(const std::string& utf8)
+{
+    const std::string shown = TerminalText(utf8) + "\n";
+    std::fwrite(shown.data(), 1, shown.size(), stderr);
+}
 
 namespace {
 
@@ -32,17 +46,35 @@ constexpr const char* kExportText = "export-text";
 constexpr int kFailed = 1;
 constexpr int kUsageError = 2;
 
-// The window's texts break lines with CR LF; a terminal wants LF.
-void PrintError(QString text)
+
+void PrintError(const QString& text) { PrintUtf8(text.toStdString()); }
+void PrintError(const std::string& latin1) { PrintUtf8(Latin1ToUtf8(latin1)); }
+void PrintError(const char* latin1) { PrintUtf8(Latin1ToUtf8(latin1)); }
+
+// A path as the user typed it: its bytes, escaped where they are not text.
+std::string ShownPath(const CommandLineRequest& request, const QString& path)
 {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+    return request.bytePaths ? PathBytes(request, path) : path.toStdString();
 }
 
-void PrintError(const std::string& latin1) { PrintError(QString::fromLatin1(latin1)); }
-void PrintError(const char* latin1) { PrintError(QString::fromLatin1(latin1)); }
-
 }  // namespace
+
+std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder)
+{
+    std::vector<std::string> folders{programFolder};
+    const ProgramFolderPlaces places = ProgramFolderPlacesFor(QCoreApplication::applicationDirPath().toStdString());
+    folders.push_back(places.executableFolder);
+    if (!places.dataHome.empty())
+        folders.push_back(JoinPath(places.dataHome, kUserFolderName));
+    if (!places.deliveredFolder.empty())
+        folders.push_back(places.deliveredFolder);
+    std::vector<OwnFile> own;
+    for (const std::string& folder : folders)
+        for (const char* name : {kDataFileName, kSettingsFileName, kDefaultProfileName, kTipsFileName,
+                                 kHelpFileName, kLockFileName})
+            own.push_back({folder, name});
+    return own;
+}
 
 bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table)
 {
@@ -52,7 +84,7 @@ bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table)
         return false;
     }
     try {
-        if (LoadDatabaseHeader(ReadWholeFile(dataPath), table) == HeaderResult::ChecksumMismatch) {
+        if (LoadDatabaseHeader(ReadWholeFile(dataPath, kDataFileLimit), table) == HeaderResult::ChecksumMismatch) {
             PrintError(texts::kDatabaseCorrupted);
             return false;
         }
@@ -102,12 +134,14 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
     // Qt's own options reach the window untouched; the parser only has to
     // know them to find the list file among them.
     for (const char* name : {"platform", "display", "style", "stylesheet", "geometry", "qwindowgeometry",
-                             "qwindowtitle", "qwindowicon", "fontengine", "session", "plugin"}) {
+                             "qwindowtitle", "qwindowicon", "fontengine", "session", "plugin", "platformpluginpath",
+                             "platformtheme", "qmljsdebugger", "title", "name", "visual", "ncols", "im",
+                             "inputstyle", "bg", "background", "fg", "foreground", "btn", "button", "fn", "font"}) {
         QCommandLineOption option(QString::fromLatin1(name), QString(), QStringLiteral("value"));
         option.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(option);
     }
-    for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync"}) {
+    for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync", "cmap"}) {
         QCommandLineOption option(QString::fromLatin1(name));
         option.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(option);
@@ -170,34 +204,44 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
         std::fprintf(stdout, "%s\n", request.text.toUtf8().constData());
         return 0;
     case CommandAction::Error:
-        std::fprintf(stderr, "%s\n", request.text.toUtf8().constData());
+        PrintError(request.text);
         return kUsageError;
     default: break;
     }
 
     if (request.action == CommandAction::ExportDays)
-        return RunDaysRequest(request.arguments, programFolder);
+        return RunDaysRequest(request.arguments, programFolder, request.bytePaths);
+
+    const std::string listPath = PathBytes(request, request.listFile);
+    const std::string outputPath = PathBytes(request, request.output);
+    OutputTarget target;
+    if (request.action == CommandAction::ExportCsv || request.action == CommandAction::ExportPdf) {
+        target = CheckOutputTarget(outputPath, {listPath}, ProgramOwnFiles(programFolder));
+        if (target.kind == OutputTarget::Kind::Refused) {
+            PrintUtf8(ShownPath(request, request.output) + "\nis not written: it " + target.reason + ".");
+            return kFailed;
+        }
+    }
 
     FoodTable table;
     if (!LoadFoodTableForReports(programFolder, table))
         return kFailed;
     // A file that cannot be read says why; one with neither a profile line
     // nor an item is no list, although the window opens it as an empty one.
-    const std::string listPath = ToNativePath(request.listFile);
     if (const std::string reason = UnreadableReason(listPath); !reason.empty()) {
-        PrintError(request.listFile + QStringLiteral(": ") + QString::fromLocal8Bit(reason.c_str()));
+        PrintUtf8(ShownPath(request, request.listFile) + ": " + reason);
         return kFailed;
     }
     const AnalysisFileContent content = ReadAnalysisFile(listPath);
     if (content.valid && content.settings.empty() && content.items.empty()) {
-        PrintError(request.listFile + QString::fromLatin1(texts::kNotAnAnalysisFile));
+        PrintUtf8(ShownPath(request, request.listFile) + Latin1ToUtf8(texts::kNotAnAnalysisFile));
         return kFailed;
     }
     const OpenedAnalysis opened = OpenAnalysis(content, table, QDate::currentDate().year());
     for (const auto& message : opened.messages)
         PrintError(message.first);
     if (!opened.valid) {
-        PrintError(request.listFile + QString::fromLatin1(texts::kNotAnAnalysisFile));
+        PrintUtf8(ShownPath(request, request.listFile) + Latin1ToUtf8(texts::kNotAnAnalysisFile));
         return kFailed;
     }
 
@@ -205,25 +249,37 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
                               QDate::currentDate().toString(Qt::ISODate).toStdString()};
     try {
         switch (request.action) {
-        case CommandAction::ExportText: {
-            const std::string text = Latin1ToUtf8(ReportText(BuildAnalysisReport(source)));
-            std::fwrite(text.data(), 1, text.size(), stdout);
-            return std::fflush(stdout) == 0 ? 0 : kFailed;
-        }
+        case CommandAction::ExportText:
+            // Every byte checked: a full disk or a closed pipe is a failure,
+            // not a report cut short.
+            try {
+                WriteInPlace(STDOUT_FILENO, "standard output",
+                             TerminalText(Latin1ToUtf8(ReportText(BuildAnalysisReport(source)))));
+            } catch (const SaveError& error) {
+                PrintUtf8(std::string(texts::kReportNotWritten) + "standard output: " + error.Reason());
+                return kFailed;
+            }
+            return 0;
         case CommandAction::ExportCsv:
             try {
-                WriteFileAtomic(ToNativePath(request.output), FoodListCsv(opened.list));
+                WriteOutput(outputPath, target, FoodListCsv(opened.list));
             } catch (const RunTimeError&) {
-                PrintError(QString::fromLatin1(texts::kListNotWritten) + request.output);
+                PrintUtf8(Latin1ToUtf8(texts::kListNotWritten) + ShownPath(request, request.output));
                 return kFailed;
             }
             return 0;
-        case CommandAction::ExportPdf:
-            if (!WriteReportPdf(BuildAnalysisReport(source), request.output)) {
-                PrintError(QString::fromLatin1(texts::kReportNotWritten) + request.output);
+        case CommandAction::ExportPdf: {
+            const std::optional<QByteArray> pdf = ReportPdfBytes(BuildAnalysisReport(source));
+            try {
+                if (!pdf)
+                    throw SaveError(outputPath, "the report could not be drawn");
+                WriteOutput(outputPath, target, std::string_view(pdf->constData(), std::size_t(pdf->size())));
+            } catch (const RunTimeError&) {
+                PrintUtf8(Latin1ToUtf8(texts::kReportNotWritten) + ShownPath(request, request.output));
                 return kFailed;
             }
             return 0;
+        }
         default: return 0;
         }
     } catch (const RunTimeError& error) {
@@ -232,22 +288,27 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     }
 }
 
+std::string PathBytes(const CommandLineRequest& request, const QString& path)
+{
+    return request.bytePaths ? path.toLatin1().toStdString() : ToNativePath(path);
+}
+
 std::optional<int> RunWithoutWindow(int& argc, char** argv, CommandLineRequest& request)
 {
+    // A report's paths are kept as the bytes they are (one Latin-1
+    // character a byte); the window's list goes through Qt's own decoding.
+    bool reportAsked = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument(argv[i]);
+        reportAsked = reportAsked || argument.starts_with("--export") || argument.starts_with("-export");
+    }
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
+        arguments << (reportAsked ? QString::fromLatin1(argv[i]) : QString::fromLocal8Bit(argv[i]));
     request = ParseCommandLine(arguments);
-    // Options the command line does not know may be Qt's own (-platform,
-    // -style): unless a report was asked for, they go to the window.
-    bool reportAsked = false;
-    for (qsizetype i = 1; i < arguments.size(); ++i)
-        reportAsked = reportAsked || arguments[i].startsWith(QLatin1String("--export")) ||
-                      arguments[i].startsWith(QLatin1String("-export"));
-    if (request.action == CommandAction::Error && !reportAsked) {
-        request = {};
-        return std::nullopt;
-    }
+    request.bytePaths = reportAsked;
+    // Qt's own options are known to the parser, so whatever it refuses is
+    // told here, without a display.
     switch (request.action) {
     case CommandAction::Window: return std::nullopt;
     case CommandAction::Help:

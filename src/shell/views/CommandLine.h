@@ -11,6 +11,9 @@
 #include <QStringList>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "core/OutputTarget.h"
 
 namespace pw {
 
@@ -22,12 +25,26 @@ struct CommandLineRequest {
     QString listFile;  // the list to open or export; empty for none
     QStringList arguments;  // ExportDays: the whole command line, parsed by the period exports
     QString text;      // Help: the help text; Version: the version line; Error: what is wrong
+    // The paths hold the command line's bytes as they were, one Latin-1
+    // character a byte, so a name the file system holds in any encoding
+    // is opened and written as itself.
+    bool bytePaths = false;
 };
+
+// A path of the request as the file system's bytes.
+std::string PathBytes(const CommandLineRequest& request, const QString& path);
 
 // The food table of programFolder's data file, for the reports; false, with
 // the message on standard error, when it cannot be loaded.
 class FoodTable;
 bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table);
+
+// The files of the program's folders that no report may replace.
+std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder);
+
+// A message on standard error: UTF-8, CR LF made LF, every control
+// character read from a file escaped.
+void PrintUtf8(const std::string& utf8);
 
 // arguments as the program got them, the program's own name first.
 CommandLineRequest ParseCommandLine(const QStringList& arguments);

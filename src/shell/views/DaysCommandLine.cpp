@@ -2,8 +2,10 @@
 
 #include <QDate>
 #include <cstdio>
+#include <unistd.h>
 
 #include "core/LineFile.h"
+#include "core/OutputTarget.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "core/views/Widgets.h"
@@ -41,15 +43,9 @@ struct DaysOptions {
                                            "output.")};
 };
 
-void Print(std::FILE* stream, QString text)
-{
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    std::fprintf(stream, "%s\n", text.toUtf8().constData());
-}
-
 int Usage(const QString& why)
 {
-    Print(stderr, why + QStringLiteral("\nTry 'platewell --help' for more information."));
+    PrintUtf8((why + QStringLiteral("\nTry 'platewell --help' for more information.")).toStdString());
     return kUsageError;
 }
 
@@ -79,8 +75,11 @@ void AddDaysOptions(QCommandLineParser& parser)
     parser.addOptions({options.csv, options.foodsCsv, options.pdf, options.text});
 }
 
-int RunDaysRequest(const QStringList& arguments, const std::string& programFolder)
+int RunDaysRequest(const QStringList& arguments, const std::string& programFolder, bool bytePaths)
 {
+    const auto pathBytes = [&](const QString& path) {
+        return bytePaths ? path.toLatin1().toStdString() : ToNativePath(path);
+    };
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     const DaysOptions options;
@@ -96,50 +95,76 @@ int RunDaysRequest(const QStringList& arguments, const std::string& programFolde
     if (paths.isEmpty())
         return Usage(QStringLiteral("The export needs list files (.pwl) or folders of them."));
 
+    // The output is checked before anything is read: never one of the
+    // lists, a list of a folder given, or one of the program's own files.
+    std::vector<std::string> inputs;
+    for (const QString& path : paths)
+        inputs.push_back(pathBytes(path));
+    const std::vector<std::string> files = ExpandDayPaths(inputs);
+    std::vector<std::string> guarded = files;
+    guarded.insert(guarded.end(), inputs.begin(), inputs.end());
+    const QCommandLineOption* written = parser.isSet(options.csv)        ? &options.csv
+                                        : parser.isSet(options.foodsCsv) ? &options.foodsCsv
+                                        : parser.isSet(options.pdf)      ? &options.pdf
+                                                                         : nullptr;
+    const std::string output = written ? pathBytes(parser.value(*written)) : std::string();
+    OutputTarget target;
+    if (written) {
+        target = CheckOutputTarget(output, guarded, ProgramOwnFiles(programFolder));
+        if (target.kind == OutputTarget::Kind::Refused) {
+            PrintUtf8(output + "\nis not written: it " + target.reason + ".");
+            return kFailed;
+        }
+    }
+
     FoodTable table;
     if (!LoadFoodTableForReports(programFolder, table))
         return kFailed;
-    std::vector<std::string> nativePaths;
-    for (const QString& path : paths)
-        nativePaths.push_back(ToNativePath(path));
-    const Period period = ReadPeriod(nativePaths, table, QDate::currentDate().year());
+    std::vector<DayFileInput> read;
+    for (const std::string& file : files)
+        read.push_back(ReadDayFile(file));
+    const Period period = BuildPeriod(std::move(read), table, QDate::currentDate().year());
     for (const SkippedFile& skipped : period.skipped)
-        Print(stderr, QString::fromLocal8Bit(skipped.path.c_str()) + QStringLiteral(": ") +
-                          QString::fromLatin1(skipped.reason));
+        PrintUtf8(skipped.path + ": " + Latin1ToUtf8(skipped.reason));
     for (const LostFood& lost : period.lost)
-        Print(stderr, QString::fromLatin1(kLostPrefix) + QString::fromLatin1(LostFoodLine(lost)));
+        PrintUtf8(Latin1ToUtf8(std::string(kLostPrefix) + LostFoodLine(lost)));
     if (period.Empty()) {
-        Print(stderr, QString::fromLatin1(kNoDayRead));
+        PrintUtf8(kNoDayRead);
         return kFailed;
     }
 
     const std::string today = QDate::currentDate().toString(Qt::ISODate).toStdString();
     try {
-        if (parser.isSet(options.text)) {
-            const std::string text = Latin1ToUtf8(PeriodText(period, today));
-            std::fwrite(text.data(), 1, text.size(), stdout);
-            return std::fflush(stdout) == 0 ? 0 : kFailed;
-        }
-        if (parser.isSet(options.pdf)) {
-            const QString output = parser.value(options.pdf);
-            if (!WriteReportPdf(BuildPeriodReport(period, today), output)) {
-                Print(stderr, QString::fromLatin1(texts::kReportNotWritten) + output);
+        if (!written) {
+            // Every byte checked: a full disk or a closed pipe is a failure.
+            try {
+                WriteInPlace(STDOUT_FILENO, "standard output", TerminalText(Latin1ToUtf8(PeriodText(period, today))));
+            } catch (const SaveError& error) {
+                PrintUtf8(std::string(texts::kReportNotWritten) + "standard output: " + error.Reason());
                 return kFailed;
             }
             return 0;
         }
-        const bool days = parser.isSet(options.csv);
-        const QString output = parser.value(days ? options.csv : options.foodsCsv);
+        std::string bytes;
+        if (written == &options.pdf) {
+            const std::optional<QByteArray> pdf = ReportPdfBytes(BuildPeriodReport(period, today));
+            if (!pdf) {
+                PrintUtf8(Latin1ToUtf8(texts::kReportNotWritten) + output + ": the report could not be drawn");
+                return kFailed;
+            }
+            bytes.assign(pdf->constData(), std::size_t(pdf->size()));
+        } else {
+            bytes = written == &options.csv ? PeriodDaysCsv(period) : PeriodFoodsCsv(period);
+        }
         try {
-            WriteFileAtomic(ToNativePath(output), days ? PeriodDaysCsv(period) : PeriodFoodsCsv(period));
+            WriteOutput(output, target, bytes);
         } catch (const SaveError& error) {
-            Print(stderr, QString::fromLatin1(texts::kReportNotWritten) + output + QStringLiteral(": ") +
-                              QString::fromLocal8Bit(error.Reason().c_str()));
+            PrintUtf8(Latin1ToUtf8(texts::kReportNotWritten) + output + ": " + error.Reason());
             return kFailed;
         }
         return 0;
     } catch (const RunTimeError& error) {
-        Print(stderr, QString::fromLatin1(error.Message()));
+        PrintUtf8(Latin1ToUtf8(error.Message()));
         return kFailed;
     }
 }

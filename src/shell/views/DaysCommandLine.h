@@ -23,7 +23,8 @@ void AddDaysOptions(QCommandLineParser& parser);
 // Runs the period export the arguments (the program's name first) ask for
 // against the food table of programFolder; returns the exit status: 0 when
 // at least one day was read and the output written, 1 otherwise, 2 for a
-// wrong command line. Needs a QGuiApplication for the PDF.
-int RunDaysRequest(const QStringList& arguments, const std::string& programFolder);
+// wrong command line. bytePaths: each path holds the command line's bytes,
+// one Latin-1 character a byte. Needs a QGuiApplication for the PDF.
+int RunDaysRequest(const QStringList& arguments, const std::string& programFolder, bool bytePaths);
 
 }  // namespace pw

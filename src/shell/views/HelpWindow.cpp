@@ -1,8 +1,9 @@
 #include "shell/views/HelpWindow.h"
 
+#include "core/LineFile.h"
+#include "core/RunTimeError.h"
 #include "core/views/Widgets.h"
 
-#include <QDesktopServices>
 #include <algorithm>
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QHideEvent>
 #include <QImage>
+#include <QImageReader>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
@@ -67,24 +69,23 @@ class HelpBrowser : public QTextBrowser {
 public:
     HelpBrowser(HelpWindow& window) : QTextBrowser(&window), window_(window) {}
 
+    // Every resource a page asks for is answered here, with a value even when
+    // it is refused: an empty answer would let the document read a local
+    // file (or a device) by itself.
     QVariant loadResource(int type, const QUrl& name) override
     {
-        if (type == QTextDocument::ImageResource) {
-            // Only pictures of the help folder, by their file name.
-            const QString file = QFileInfo(name.path()).fileName();
-            QImage image(QDir(window_.folder_).filePath(QStringLiteral("help/") + file));
-            return image.isNull() ? QVariant() : QVariant(image);
-        }
-        if (name.scheme() == kScheme)
+        if (type == QTextDocument::ImageResource)
+            return QVariant(window_.Picture(name));
+        if (type == QTextDocument::HtmlResource && name.scheme() == kScheme)
             return window_.PageHtml(name);
-        return {};
+        return QVariant(QByteArray());
     }
 
 private:
     HelpWindow& window_;
 };
 
-HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent)
+HelpWindow::HelpWindow(Prompts& prompts, QWidget* parent) : QDialog(parent), prompts_(prompts)
 {
     setObjectName(QStringLiteral("frmHelp"));
     setWindowTitle(QStringLiteral("Platewell Help"));
@@ -149,10 +150,12 @@ HelpWindow::~HelpWindow() = default;
 
 bool HelpWindow::LoadFile(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    try {
+        bytes = QByteArray::fromStdString(ReadWholeFile(ToNativePath(path), kHelpFileLimit));
+    } catch (const RunTimeError&) {
         return false;
-    const QByteArray bytes = file.readAll();
+    }
     const QString folder = QFileInfo(path).absolutePath();
     // The same file again keeps the pages read, for Back; another one
     // starts a new walk, since pages of the old one may be gone.
@@ -212,12 +215,40 @@ void HelpWindow::Search(const QString& query)
     browser->setSource(url, QTextDocument::HtmlResource);
 }
 
+QImage HelpWindow::Picture(const QUrl& source) const
+{
+    // A page's relative source comes resolved against the page's own address
+    // (help:<page>), so "help/x.png" arrives as help:help/x.png.
+    const bool own = source.scheme().isEmpty() || source.scheme() == kScheme;
+    const std::string file =
+        own && !source.hasQuery() && source.host().isEmpty() ? HelpPictureFile(source.path().toStdString()) : "";
+    if (file.empty() || folder_.isEmpty())
+        return {};
+    const QString path = QDir(folder_).filePath(QStringLiteral("help/") + QString::fromStdString(file));
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > qint64(kPictureFileLimit))
+        return {};
+    QImageReader reader(path);
+    reader.setAllocationLimit(64);  // MB: a picture of a page, never more
+    return reader.read();
+}
+
 void HelpWindow::FollowLink(const QUrl& url)
 {
-    if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https") ||
-        url.scheme() == QLatin1String("mailto")) {
-        QDesktopServices::openUrl(url);
+    switch (ClassifyHelpLink(url.scheme().toStdString())) {
+    case HelpLinkKind::Web:
+        if (prompts_.Message(QStringLiteral("Open this address in your web browser?\r\n\r\n") +
+                                 url.toString(QUrl::FullyEncoded),
+                             QStringLiteral("Help"), MsgIcon::Question,
+                             MsgButtons::YesNo) == MsgResult::Yes)
+            emit webPageRequested(url);
         return;
+    case HelpLinkKind::Refused:
+        prompts_.Message(QStringLiteral("Help does not open links of this kind:\r\n\r\n") +
+                             url.toString(QUrl::FullyEncoded),
+                         QStringLiteral("Help"), MsgIcon::Exclamation);
+        return;
+    case HelpLinkKind::InBook: break;
     }
     // "#anchor" within the file, or help:<page>?find=<words> from the search
     // results, which opens the page at the first of the words found.
@@ -239,9 +270,16 @@ QString HelpWindow::PageHtml(const QUrl& url) const
         return SearchResultsHtml(QUrlQuery(url).queryItemValue(QStringLiteral("q"), QUrl::FullyDecoded));
     if (path == kBuiltInHelpOnHelp)
         return QString::fromLatin1(kHelpOnHelp);
-    for (const HelpPage& page : book_.pages)
-        if (FromLatin1(page.name) == path)
-            return QStringLiteral("<html><body>") + FromLatin1(page.html) + QStringLiteral("</body></html>");
+    for (const HelpPage& page : book_.pages) {
+        if (FromLatin1(page.name) != path)
+            continue;
+        // A page too large or nested too deep to lay out at once is shown
+        // as its text.
+        if (!HelpPageShownAsHtml(page.html))
+            return QStringLiteral("<html><body><pre>") + FromLatin1(page.html).toHtmlEscaped() +
+                   QStringLiteral("</pre></body></html>");
+        return QStringLiteral("<html><body>") + FromLatin1(page.html) + QStringLiteral("</body></html>");
+    }
     return QStringLiteral("<html><body><p>This topic is not in the help file.</p></body></html>");
 }
 

@@ -4,9 +4,11 @@
 // of a search. Back and Forward walk the pages read; the window keeps its
 // size from one run to the next.
 #include <QByteArray>
+#include <QImage>
 #include <QDialog>
 #include <QString>
 
+#include "core/views/Seams.h"
 #include "shell/HelpTopics.h"
 
 class QLineEdit;
@@ -18,7 +20,8 @@ namespace pw {
 class HelpWindow : public QDialog {
     Q_OBJECT
 public:
-    explicit HelpWindow(QWidget* parent = nullptr);
+    // prompts asks before a web address is opened and tells a refused link.
+    explicit HelpWindow(Prompts& prompts, QWidget* parent = nullptr);
     ~HelpWindow() override;
 
     // Loads the help file (read as Latin-1) and the pictures in the "help"
@@ -35,6 +38,10 @@ public:
     void Search(const QString& query);
 
     const HelpBook& Book() const { return book_; }
+
+signals:
+    // The user agreed to open this web address of a page in the browser.
+    void webPageRequested(const QUrl& url);
 
 protected:
     void hideEvent(QHideEvent* event) override;
@@ -54,9 +61,12 @@ private:
     // The HTML of a page of the browser: a page of the book, the search
     // results, or the built-in page on using help.
     QString PageHtml(const QUrl& url) const;
+    // A picture of the help folder, or a null image for any other source.
+    QImage Picture(const QUrl& source) const;
     QString SearchResultsHtml(const QString& query) const;
     void FollowLink(const QUrl& url);
 
+    Prompts& prompts_;
     QString folder_;
     QByteArray bytes_;
     HelpBook book_;

@@ -49,9 +49,12 @@ MsgResult MessageBoxPrompts::Message(const QString& text, const QString& title, 
         parent = parent_;
     QMessageBox box(parent);
     box.setWindowTitle(title);
-    // Message texts break lines with CR LF; a label wants LF only.
+    // Message texts break lines with CR LF; a label wants LF only. A message
+    // may quote a file's texts or name: it is shown as it stands, never read
+    // as markup, so nothing in a file is rendered, loaded or followed.
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    box.setTextFormat(Qt::PlainText);
     box.setText(shown);
     switch (icon) {
     case MsgIcon::None: box.setIcon(QMessageBox::NoIcon); break;
@@ -133,8 +136,11 @@ SystemHelpDisplay::~SystemHelpDisplay() = default;
 
 void SystemHelpDisplay::ShowHelp(const QString& helpFile, int command, std::optional<int> context)
 {
-    if (!window_)
-        window_ = std::make_unique<HelpWindow>();
+    if (!window_) {
+        window_ = std::make_unique<HelpWindow>(prompts_);
+        QObject::connect(window_.get(), &HelpWindow::webPageRequested, window_.get(),
+                         [](const QUrl& url) { QDesktopServices::openUrl(url); });
+    }
     const bool loaded = window_->LoadFile(helpFile);
     if (command == kHelpHelpOnHelp) {
         window_->ShowHelpOnHelp();  // built in when the file cannot be read

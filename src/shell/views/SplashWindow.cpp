@@ -39,6 +39,7 @@ SplashWindow::SplashWindow(Session& session, Seams& seams, ErrorGuard& guard, QW
     auto* frameLayout = new QVBoxLayout(frame_);
     frameLayout->setContentsMargins(2, 2, 2, 2);
     imgLogo = new QLabel(frame_);
+    imgLogo->setTextFormat(Qt::PlainText);
     imgLogo->setObjectName(QStringLiteral("imgLogo"));
     imgLogo->setPixmap(PaintLogo(QSize(480, 200)));
     frameLayout->addWidget(imgLogo);
@@ -69,7 +70,7 @@ bool SplashWindow::Form_Load()
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
     HeaderResult header = HeaderResult::Ok;
-    const bool read = guard_.Run([&] { header = LoadDatabaseHeader(ReadWholeFile(dataPath), session_.foodTable); });
+    const bool read = guard_.Run([&] { header = LoadDatabaseHeader(ReadWholeFile(dataPath, kDataFileLimit), session_.foodTable); });
     if (QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
     if (!read)

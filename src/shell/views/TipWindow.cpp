@@ -20,10 +20,13 @@ TipWindow::TipWindow(Session& session, QWidget* parent) : QDialog(parent), sessi
     setWindowTitle(QStringLiteral("Platewell's Tip of the Day"));
 
     Picture1 = new QLabel(this);
+    Picture1->setTextFormat(Qt::PlainText);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setPixmap(PaintLogo(QSize(96, 96)).copy(0, 0, 96, 96));
     Picture1->setAlignment(Qt::AlignTop);
-    Label1 = new QLabel(QStringLiteral("Did you know..."), this);
+    Label1 = new QLabel(this);
+    Label1->setTextFormat(Qt::PlainText);
+    Label1->setText(QStringLiteral("Did you know..."));
     Label1->setObjectName(QStringLiteral("Label1"));
     QFont bold = Label1->font();
     bold.setBold(true);
@@ -69,7 +72,8 @@ TipWindow::TipWindow(Session& session, QWidget* parent) : QDialog(parent), sessi
 void TipWindow::Form_Load()
 {
     const std::string path = FindFileNoCase(session_.programFolder, kTipsFileName);
-    tips_ = ReadTips(ReadWholeFile(path.empty() ? JoinPath(session_.programFolder, kTipsFileName) : path));
+    tips_ = ReadTips(
+        ReadWholeFile(path.empty() ? JoinPath(session_.programFolder, kTipsFileName) : path, kTipsFileLimit));
     ShowNextTip();
 }
 
