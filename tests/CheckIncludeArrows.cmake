@@ -1,5 +1,5 @@
 # Includes between subsystem folders point one way, down this order:
-#   shell -> days -> printing -> analysis, dialogs -> foodlist -> fooddb -> core
+#   shell -> days -> printing -> analysis, dialogs, richin -> foodlist -> fooddb -> core
 # and a window includes another subsystem's window header only from the
 # shell, which assembles them; the view kit in core/views is under every one.
 set(rank_core 0)
@@ -7,6 +7,7 @@ set(rank_fooddb 1)
 set(rank_foodlist 2)
 set(rank_analysis 3)
 set(rank_dialogs 3)
+set(rank_richin 3)
 set(rank_printing 4)
 set(rank_days 5)
 set(rank_shell 6)

@@ -5,7 +5,7 @@
 set(MODEL_SOURCES)
 set(VIEW_SOURCES)
 set(CMAKE_SOURCE_DIR ${SOURCE_DIR})
-foreach(subsystem core fooddb foodlist analysis dialogs printing shell)
+foreach(subsystem core fooddb foodlist analysis dialogs richin printing shell)
   if(EXISTS ${SOURCE_DIR}/src/${subsystem}/sources.cmake)
     include(${SOURCE_DIR}/src/${subsystem}/sources.cmake)
   endif()

@@ -15,6 +15,7 @@ enum HelpTopicNumber : int {
     kTopicAddCustomFood = 7,
     kTopicCopyToFavorites = 9,
     kTopicTechnicalSupport = 10,
+    kTopicRichIn = 11,
 };
 
 // Help commands of the help file interface.

@@ -11,6 +11,11 @@
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
+#include "analysis/ProfileFile.h"
+#include "shell/HelpTopics.h"
+#include "shell/Session.h"
+#include "shell/Settings.h"
+#include "shell/Tips.h"
 
 #ifndef PLATEWELL_DELIVERED_FROM_BIN
 #define PLATEWELL_DELIVERED_FROM_BIN "../share/platewell"
@@ -182,6 +187,16 @@ std::string ProgramFolderToRead(const std::string& executableFolder)
             return folder;
     }
     return installed ? places.deliveredFolder : places.executableFolder;
+}
+
+std::vector<OwnFile> ProgramOwnFiles(const std::vector<std::string>& folders)
+{
+    std::vector<OwnFile> own;
+    for (const std::string& folder : folders)
+        for (const char* name : {kDataFileName, kSettingsFileName, kDefaultProfileName, kTipsFileName, kHelpFileName,
+                                 kLockFileName})
+            own.push_back({folder, name});
+    return own;
 }
 
 }  // namespace pw

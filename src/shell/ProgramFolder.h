@@ -6,6 +6,9 @@
 // share/platewell beside bin/) or one whose folder cannot be written keeps
 // them in a per-user folder instead, created and seeded on the first start.
 #include <string>
+#include <vector>
+
+#include "core/OutputTarget.h"
 
 namespace pw {
 
@@ -52,5 +55,9 @@ std::string ProgramFolder(const std::string& executableFolder, std::string* prob
 // reads: the program folder the window would use when it already holds one,
 // else the delivered folder. Creates and copies nothing.
 std::string ProgramFolderToRead(const std::string& executableFolder);
+
+// The files of the program in each of folders (data.dat, pw.ini,
+// default.pwp, tips.txt, pw.hlp, pw.lock) that no report may replace.
+std::vector<OwnFile> ProgramOwnFiles(const std::vector<std::string>& folders);
 
 }  // namespace pw

@@ -14,6 +14,7 @@ list(APPEND VIEW_SOURCES
   src/shell/views/MainWindow.cpp
   src/shell/views/ProgramWindows.cpp
   src/shell/views/RealSeams.cpp
+  src/shell/views/RichInCommandLine.cpp
   src/shell/views/SplashWindow.cpp
   src/shell/views/TipWindow.cpp
 )

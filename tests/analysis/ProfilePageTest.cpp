@@ -160,9 +160,11 @@ private slots:
             "txtYOB||Enter last two digits of birth year", "txtHeight||", "txtWeight||", "labAge|Age:|",
             "labAgeUnits|Years|", "labBMILabel|BMI:|", "labAgeResults||Your age in years",
             "labBMI||Your Body Mass Index", "labBMIInterpretation||Interpretation of BMI", "labHeader0|Nutrient|",
-            "labHeader1|Daily Value (DV)|", "labHeader2|Daily Intake|", "labNutrient0|Calories|",
-            "labNutrient1|Protein|", "labNutrient2|Carbohydrates|", "labNutrient3|Fat|", "labNutrient4|Cholesterol|",
-            "labNutrient5|Fiber|", "labNutrient6|Calcium|", "labNutrient7|Sodium|"};
+            "labHeader1|Daily Value (DV)|", "labHeader2|Daily Intake|", "labNutrient0|Calories|Foods rich in Calories",
+            "labNutrient1|Protein|Foods rich in Protein", "labNutrient2|Carbohydrates|Foods rich in Carbohydrates",
+            "labNutrient3|Fat|Foods rich in Fat", "labNutrient4|Cholesterol|Foods rich in Cholesterol",
+            "labNutrient5|Fiber|Foods rich in Fiber", "labNutrient6|Calcium|Foods rich in Calcium",
+            "labNutrient7|Sodium|Foods rich in Sodium", "btnRichIn|Foods &Rich In...|The foods rich in a nutrient"};
         QStringList shown;
         for (const QString& caption : captions)
             shown << Caption(w, caption.section('|', 0, 0));

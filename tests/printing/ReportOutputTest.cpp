@@ -327,6 +327,13 @@ private slots:
         QCOMPARE(h.folder.Read("day.csv"), FoodListCsv(h.session.foodList));
         menu("mnuExportPdf")->trigger();
         QCOMPARE(h.fakes.prompts.messages.back().text, "The report could not be written to\r\n" + unwritable);
+        // The program's own files are never an export's output.
+        const QString database = QString::fromStdString(h.folder.File("DATA.DAT"));
+        const std::string data = h.folder.Read("data.dat");
+        h.fakes.files.answers = {database};
+        menu("mnuExportCsv")->trigger();
+        QCOMPARE(h.fakes.prompts.messages.back().text, database + "\r\nis not written: it is Platewell's own file data.dat.");
+        QCOMPARE(h.folder.Read("data.dat"), data);
 
         menu("mnuClearList")->trigger();
         QVERIFY(enabled(false));

@@ -515,8 +515,8 @@ private slots:
             QVERIFY2(!topic.title.empty(), std::to_string(topic.context).c_str());
         }
         // The main window's menus and tab buttons, the chooser, the search,
-        // add, dish and copy windows open these.
-        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10})
+        // add, dish, copy and rich-in windows open these.
+        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11})
             QVERIFY2(std::find(contexts.begin(), contexts.end(), wanted) != contexts.end(),
                      std::to_string(wanted).c_str());
         QCOMPARE(std::set<int>(contexts.begin(), contexts.end()).size(), contexts.size());  // no topic twice

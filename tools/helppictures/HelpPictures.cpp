@@ -9,6 +9,7 @@
 // pictures (the "help" folder beside pw.hlp in the program folder).
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,7 @@
 #include "dialogs/views/SaveDishDialog.h"
 #include "dialogs/views/SearchDialog.h"
 #include "foodlist/views/FoodChooserPage.h"
+#include "richin/views/RichInDialog.h"
 #include "shell/views/AboutBox.h"
 #include "core/views/ErrorGuard.h"
 #include "shell/views/HelpWindow.h"
@@ -203,6 +205,20 @@ int main(int argc, char** argv)
 
     Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(2);
     pictures.Save(main, "analysis.png");
+
+    // The foods that would fill the day's fiber, as a click on its bar opens them.
+    Named<QAction>(*main, "mnuRichIn")->trigger();
+    if (RichInDialog* rich = main->findChild<RichInDialog*>(QStringLiteral("frmRichIn"))) {
+        auto* nutrient = Named<QComboBox>(*rich, "comRichNutrient");
+        nutrient->setCurrentIndex(kFiber);
+        emit nutrient->activated(kFiber);
+        auto* group = Named<QComboBox>(*rich, "comRichGroup");
+        group->setCurrentIndex(group->findText(QStringLiteral("Vegetables")));
+        emit group->activated(group->currentIndex());
+        Named<QCheckBox>(*rich, "chkRichGap")->click();
+        pictures.Save(rich, "richin.png");
+        rich->reject();
+    }
     Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(1);
 
     // Two weeks of saved lists, one day missed and a day of two files, in

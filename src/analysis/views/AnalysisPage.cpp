@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -81,6 +82,10 @@ void AnalysisPage::BuildControls()
     btnTab3Help = new QPushButton(QStringLiteral("Help"), frameAnalysis);
     btnTab3Help->setObjectName(QStringLiteral("btnTab3Help"));
     connect(btnTab3Help, &QPushButton::clicked, this, &AnalysisPage::helpRequested);
+    // The keyboard's way to what a click on a nutrient opens.
+    btnRichIn = MakeButton(frameAnalysis, "btnRichIn", "Foods &Rich In...", "The foods rich in a nutrient");
+    connect(btnRichIn, &QPushButton::clicked, this, [this] { emit richInRequested(-1); });
+    personRow->addWidget(btnRichIn);
     personRow->addWidget(btnTab3Help);
 
     auto* table = new QGridLayout;
@@ -96,6 +101,10 @@ void AnalysisPage::BuildControls()
         labNutrient[i] = MakeLabel(frameAnalysis, QStringLiteral("labNutrient%1").arg(i), kNutrientCaptions[i]);
         labMDR[i] = MakeLabel(frameAnalysis, QStringLiteral("labMDR%1").arg(i), "");
         labDailyIntake[i] = MakeLabel(frameAnalysis, QStringLiteral("labDailyIntake%1").arg(i), "");
+        // A nutrient's name opens the foods rich in it.
+        labNutrient[i]->setCursor(Qt::PointingHandCursor);
+        labNutrient[i]->setToolTip(QStringLiteral("Foods rich in ") + QString::fromLatin1(kNutrientCaptions[i]));
+        labNutrient[i]->installEventFilter(this);
         const int row = 1 + i % kNutrientsPerGroup;
         const int column = i < kNutrientsPerGroup ? 0 : 4;
         table->addWidget(labNutrient[i], row, column);
@@ -165,6 +174,18 @@ void AnalysisPage::UpdateSummary()
     for (int i = 0; i < kShownNutrients; ++i)
         labMDR[i]->setText(
             QString::fromStdString(DailyValueText(static_cast<Nutrient>(i), session_.dailyValues[i])));
+}
+
+bool AnalysisPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        for (int i = 0; i < kShownNutrients; ++i)
+            if (watched == labNutrient[i] && labNutrient[i]->rect().contains(
+                                                 static_cast<QMouseEvent*>(event)->position().toPoint()))
+                emit richInRequested(i);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void AnalysisPage::AddChart(QWidget* chart)

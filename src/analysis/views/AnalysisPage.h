@@ -37,6 +37,12 @@ public:
 signals:
     // "Help": the main window opens the analysis topic.
     void helpRequested();
+    // The foods rich in a nutrient: a click on its name (0..7, Nutrient
+    // order), or the button (-1: no nutrient chosen).
+    void richInRequested(int nutrient);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildControls();
@@ -59,6 +65,7 @@ private:
     // The column headers repeated over the second group of nutrients.
     std::array<QLabel*, 3> secondHeader_{};
     QPushButton* btnTab3Help = nullptr;
+    QPushButton* btnRichIn = nullptr;
     QVBoxLayout* frameLayout_ = nullptr;
 };
 

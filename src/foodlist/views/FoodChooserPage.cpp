@@ -443,6 +443,20 @@ void FoodChooserPage::ShowFoundFood(int index)
     btnDeleteItem->setEnabled(false);
 }
 
+void FoodChooserPage::TakeRankedFood(int index, const QString& quantity)
+{
+    NewItem();
+    ShowFoundFood(index);
+    const int position = comTier3->findText(QString::fromLatin1(session_.foodTable.Measure(index)), Qt::MatchExactly);
+    if (position < 0)
+        return;
+    if (!quantity.isEmpty())
+        comQuantity->setEditText(quantity);
+    comTier3->setCurrentIndex(position);
+    ProcessTier3();
+    comQuantity->setFocus(Qt::OtherFocusReason);
+}
+
 void FoodChooserPage::RecreateTiers(int index)
 {
     const FoodTable& table = session_.foodTable;

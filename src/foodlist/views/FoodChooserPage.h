@@ -69,6 +69,10 @@ public:
     // A food found by the search dialog: shown in the tiers without a
     // measure, which the user picks next.
     void ShowFoundFood(int index);
+    // A food taken from a ranking of foods: a new item, handed over as a
+    // found food is, with its own measure chosen again and, when given, the
+    // quantity in the box; the box takes the keyboard, so Enter adds it.
+    void TakeRankedFood(int index, const QString& quantity);
 
     // What the list asks of the chooser. The texts of the current choice
     // as the model keeps them (Latin-1), the quantity as typed.

@@ -34,17 +34,40 @@ bool ReportCommands::PrintReport(const ReportDocument& report)
 
 void ReportCommands::PreviewReport(const ReportDocument& report) { printer_.Preview(report); }
 
+bool ReportCommands::WriteExport(const QString& path, std::string_view bytes, const char* failure, const char* title)
+{
+    const std::string native = ToNativePath(path);
+    const OutputTarget target = CheckOutputTarget(native, {}, ownFiles_);
+    if (target.kind == OutputTarget::Kind::Refused) {
+        prompts_.Message(path + QStringLiteral("\r\nis not written: it ") + FromNativePath(target.reason) +
+                             QLatin1Char('.'),
+                         QString::fromLatin1(title), MsgIcon::Exclamation);
+        return false;
+    }
+    try {
+        WriteOutput(native, target, bytes);
+    } catch (const RunTimeError&) {
+        prompts_.Message(QString::fromLatin1(failure) + path, QString::fromLatin1(title), MsgIcon::Exclamation);
+        return false;
+    }
+    return true;
+}
+
 bool ReportCommands::ExportPdf(const ReportDocument& report)
 {
     const std::optional<QString> path = AskPath(report.personName, report.dateText, ".pdf", texts::kPdfFilter);
     if (!path)
         return false;
-    if (!WriteReportPdf(report, *path)) {
+    // Drawn in memory and written whole, so a failed write leaves no
+    // half-written file behind.
+    const std::optional<QByteArray> pdf = ReportPdfBytes(report);
+    if (!pdf) {
         prompts_.Message(QString::fromLatin1(texts::kReportNotWritten) + *path,
                          QString::fromLatin1(texts::kTitleExportPdf), MsgIcon::Exclamation);
         return false;
     }
-    return true;
+    return WriteExport(*path, std::string_view(pdf->constData(), std::size_t(pdf->size())), texts::kReportNotWritten,
+                       texts::kTitleExportPdf);
 }
 
 bool ReportCommands::ExportCsv(const FoodList& list, const std::string& personName, const std::string& dateText)
@@ -52,14 +75,7 @@ bool ReportCommands::ExportCsv(const FoodList& list, const std::string& personNa
     const std::optional<QString> path = AskPath(personName, dateText, ".csv", texts::kCsvFilter);
     if (!path)
         return false;
-    try {
-        WriteFileAtomic(ToNativePath(*path), FoodListCsv(list));
-    } catch (const RunTimeError&) {
-        prompts_.Message(QString::fromLatin1(texts::kListNotWritten) + *path,
-                         QString::fromLatin1(texts::kTitleExportCsv), MsgIcon::Exclamation);
-        return false;
-    }
-    return true;
+    return WriteExport(*path, FoodListCsv(list), texts::kListNotWritten, texts::kTitleExportCsv);
 }
 
 }  // namespace pw

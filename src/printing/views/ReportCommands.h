@@ -3,8 +3,11 @@
 // (without a printer, the user is told and offered a PDF instead), preview,
 // and export as PDF or CSV to a file the user names.
 #include <QString>
+#include <string_view>
+#include <vector>
 
 #include "printing/Report.h"
+#include "core/OutputTarget.h"
 #include "core/views/Seams.h"
 
 namespace pw {
@@ -27,8 +30,10 @@ inline constexpr const char* kCsvFilter = "Comma-separated values (*.csv)|*.csv"
 
 class ReportCommands {
 public:
-    ReportCommands(Prompts& prompts, FileDialogs& files, Printer& printer, QString folder)
-        : prompts_(prompts), files_(files), printer_(printer), folder_(std::move(folder))
+    // ownFiles: the program's files, which an export never replaces.
+    ReportCommands(Prompts& prompts, FileDialogs& files, Printer& printer, QString folder,
+                   std::vector<OwnFile> ownFiles = {})
+        : prompts_(prompts), files_(files), printer_(printer), folder_(std::move(folder)), ownFiles_(std::move(ownFiles))
     {
     }
 
@@ -42,11 +47,16 @@ public:
 private:
     std::optional<QString> AskPath(const std::string& personName, const std::string& dateText, const char* extension,
                                    const char* filter);
+    // Writes bytes to path unless it is one of the program's files or a
+    // folder; a device is written in place. False, with the user told, when
+    // it was not written.
+    bool WriteExport(const QString& path, std::string_view bytes, const char* failure, const char* title);
 
     Prompts& prompts_;
     FileDialogs& files_;
     Printer& printer_;
     QString folder_;
+    std::vector<OwnFile> ownFiles_;
 };
 
 }  // namespace pw

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -22,6 +23,11 @@ void SetUp(QPrinter& printer, const ReportDocument& report)
 
 }  // namespace
 
+SystemPrinter::SystemPrinter() = default;
+
+// The preview window goes first: it draws on the printer.
+SystemPrinter::~SystemPrinter() { delete preview_.data(); }
+
 bool SystemPrinter::HasPrinter() const { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
 
 bool SystemPrinter::Print(const ReportDocument& report)
@@ -40,14 +46,26 @@ bool SystemPrinter::Print(const ReportDocument& report)
 
 void SystemPrinter::Preview(const ReportDocument& report)
 {
-    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
-    SetUp(printer, report);
-    QPrintPreviewDialog dialog(&printer, QApplication::activeWindow());
-    dialog.setObjectName(QStringLiteral("dlgPrintPreview"));
-    dialog.setWindowTitle(QString::fromLatin1(report.title));
-    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&report](QPrinter* target) { PaintReport(report, *target); });
-    dialog.exec();
+    const bool first = !preview_;
+    if (first) {
+        previewPrinter_ = std::make_unique<QPrinter>(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+        preview_ = new QPrintPreviewDialog(previewPrinter_.get(), QApplication::activeWindow());
+        preview_->setObjectName(QStringLiteral("dlgPrintPreview"));
+        QObject::connect(preview_, &QPrintPreviewDialog::paintRequested, preview_, [this](QPrinter* target) {
+            if (previewed_)
+                PaintReport(*previewed_, *target);
+        });
+    }
+    SetUp(*previewPrinter_, report);
+    preview_->setWindowTitle(QString::fromLatin1(report.title));
+    previewed_ = &report;
+    // The window draws its pages when first shown; later reports are drawn
+    // anew here.
+    if (!first)
+        if (auto* pages = preview_->findChild<QPrintPreviewWidget*>())
+            pages->updatePreview();
+    preview_->exec();
+    previewed_ = nullptr;
 }
 
 }  // namespace pw

@@ -1,5 +1,6 @@
 #include "shell/views/CommandLine.h"
 #include "shell/views/DaysCommandLine.h"
+#include "shell/views/RichInCommandLine.h"
 #include "core/views/Widgets.h"
 #include "shell/ProgramFolder.h"
 
@@ -21,12 +22,8 @@
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
 #include "printing/views/ReportRenderer.h"
-#include "analysis/ProfileFile.h"
-#include "shell/HelpTopics.h"
 #include "shell/Session.h"
-#include "shell/Settings.h"
 #include "shell/StartupTexts.h"
-#include "shell/Tips.h"
 
 namespace pw {
 
@@ -59,7 +56,7 @@ std::string ShownPath(const CommandLineRequest& request, const QString& path)
 
 }  // namespace
 
-std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder)
+std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder)
 {
     std::vector<std::string> folders{programFolder};
     const ProgramFolderPlaces places = ProgramFolderPlacesFor(QCoreApplication::applicationDirPath().toStdString());
@@ -68,15 +65,10 @@ std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder)
         folders.push_back(JoinPath(places.dataHome, kUserFolderName));
     if (!places.deliveredFolder.empty())
         folders.push_back(places.deliveredFolder);
-    std::vector<OwnFile> own;
-    for (const std::string& folder : folders)
-        for (const char* name : {kDataFileName, kSettingsFileName, kDefaultProfileName, kTipsFileName,
-                                 kHelpFileName, kLockFileName})
-            own.push_back({folder, name});
-    return own;
+    return ProgramOwnFiles(folders);
 }
 
-bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table)
+bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
 {
     const std::string dataPath = FindFileNoCase(programFolder, kDataFileName);
     if (dataPath.empty()) {
@@ -103,7 +95,9 @@ QString HelpText(const QCommandLineParser& parser)
     return QStringLiteral("Usage: platewell [LIST.pwl]\n"
                           "       platewell --export-pdf OUT.pdf LIST.pwl\n"
                           "       platewell --export-csv OUT.csv LIST.pwl\n"
-                          "       platewell --export-text LIST.pwl\n") +
+                          "       platewell --export-text LIST.pwl\n"
+                          "       platewell --rich-in NUTRIENT [--per-100-calories] [--group NAME]\n"
+                          "                 [--most | --least] [--top N]\n") +
            DaysUsageText() + QStringLiteral("\n") +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
@@ -129,7 +123,15 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
                                  QStringLiteral("OUT.csv"));
     const QCommandLineOption text(QString::fromLatin1(kExportText),
                                   QStringLiteral("Writes the analysis report of the list as text on standard output."));
-    parser.addOptions({help, version, pdf, csv, text});
+    const QCommandLineOption richIn(
+        QStringLiteral("rich-in"),
+        QStringLiteral("Prints the foods ranked by a nutrient (Calories, Protein, Carbohydrates, Fat, Cholesterol, "
+                       "Fiber, Calcium, Sodium), one a line: rank, group, subgroup, description, measure and amount, "
+                       "separated by tabs. --per-100-calories ranks by the amount per 100 calories, --group NAME "
+                       "keeps one food group, --most or --least sets the order (by default least first for Fat, "
+                       "Cholesterol and Sodium), --top N prints the first N."),
+        QStringLiteral("NUTRIENT"));
+    parser.addOptions({help, version, pdf, csv, text, richIn});
     AddDaysOptions(parser);
     // Qt's own options reach the window untouched; the parser only has to
     // know them to find the list file among them.
@@ -216,7 +218,7 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     const std::string outputPath = PathBytes(request, request.output);
     OutputTarget target;
     if (request.action == CommandAction::ExportCsv || request.action == CommandAction::ExportPdf) {
-        target = CheckOutputTarget(outputPath, {listPath}, ProgramOwnFiles(programFolder));
+        target = CheckOutputTarget(outputPath, {listPath}, OwnFilesOfProgram(programFolder));
         if (target.kind == OutputTarget::Kind::Refused) {
             PrintUtf8(ShownPath(request, request.output) + "\nis not written: it " + target.reason + ".");
             return kFailed;
@@ -224,7 +226,7 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     }
 
     FoodTable table;
-    if (!LoadFoodTableForReports(programFolder, table))
+    if (!LoadFoodTable(programFolder, table))
         return kFailed;
     // A file that cannot be read says why; one with neither a profile line
     // nor an item is no list, although the window opens it as an empty one.
@@ -295,6 +297,8 @@ std::string PathBytes(const CommandLineRequest& request, const QString& path)
 
 std::optional<int> RunWithoutWindow(int& argc, char** argv, CommandLineRequest& request)
 {
+    if (const std::optional<int> status = RunRichInCommandLine(argc, argv))
+        return status;
     // A report's paths are kept as the bytes they are (one Latin-1
     // character a byte); the window's list goes through Qt's own decoding.
     bool reportAsked = false;

@@ -5,6 +5,7 @@
 //   platewell --export-pdf OUT.pdf LIST.pwl
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
+//   platewell --rich-in NUTRIENT [...]   (the foods ranked by a nutrient)
 //   platewell --export-days-... (see DaysCommandLine.h)
 //   platewell --help | --version
 #include <QString>
@@ -31,16 +32,16 @@ struct CommandLineRequest {
     bool bytePaths = false;
 };
 
+class FoodTable;
+
+// Reads the data file of programFolder into table; false after telling why
+// on standard error.
+bool LoadFoodTable(const std::string& programFolder, FoodTable& table);
 // A path of the request as the file system's bytes.
 std::string PathBytes(const CommandLineRequest& request, const QString& path);
 
-// The food table of programFolder's data file, for the reports; false, with
-// the message on standard error, when it cannot be loaded.
-class FoodTable;
-bool LoadFoodTableForReports(const std::string& programFolder, FoodTable& table);
-
 // The files of the program's folders that no report may replace.
-std::vector<OwnFile> ProgramOwnFiles(const std::string& programFolder);
+std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder);
 
 // A message on standard error: UTF-8, CR LF made LF, every control
 // character read from a file escaped.

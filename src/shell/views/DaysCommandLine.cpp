@@ -110,7 +110,7 @@ int RunDaysRequest(const QStringList& arguments, const std::string& programFolde
     const std::string output = written ? pathBytes(parser.value(*written)) : std::string();
     OutputTarget target;
     if (written) {
-        target = CheckOutputTarget(output, guarded, ProgramOwnFiles(programFolder));
+        target = CheckOutputTarget(output, guarded, OwnFilesOfProgram(programFolder));
         if (target.kind == OutputTarget::Kind::Refused) {
             PrintUtf8(output + "\nis not written: it " + target.reason + ".");
             return kFailed;
@@ -118,7 +118,7 @@ int RunDaysRequest(const QStringList& arguments, const std::string& programFolde
     }
 
     FoodTable table;
-    if (!LoadFoodTableForReports(programFolder, table))
+    if (!LoadFoodTable(programFolder, table))
         return kFailed;
     std::vector<DayFileInput> read;
     for (const std::string& file : files)

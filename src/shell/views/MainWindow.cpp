@@ -25,6 +25,7 @@
 #include "printing/views/NutrientChart.h"
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
+#include "shell/ProgramFolder.h"
 #include "shell/views/AboutBox.h"
 #include "days/views/DaysWindow.h"
 #include "analysis/views/ProfilePage.h"
@@ -32,6 +33,7 @@
 #include "core/Text.h"
 #include "dialogs/views/DatabaseCommands.h"
 #include "dialogs/views/SearchDialog.h"
+#include "richin/views/RichInDialog.h"
 #include "fooddb/DataFile.h"
 #include "fooddb/FoodEditing.h"
 #include "foodlist/FoodList.h"
@@ -140,6 +142,8 @@ void MainWindow::BuildMenus()
     mnuPrintAnalysis->setShortcut(QKeySequence::Print);
 
     mnuDatabase = AddMenu(bar, "mnuDatabase", "&Database");
+    mnuRichIn = AddItem(mnuDatabase, "mnuRichIn", "Foods &Rich In...");
+    mnuDatabase->addSeparator();
     mnuAddCustomItem = AddItem(mnuDatabase, "mnuAddCustomItem", "&Add Custom Item...");
     mnuSaveAsDish = AddItem(mnuDatabase, "mnuSaveAsDish", "&Save List as Dish...");
     mnuCopyToFavorites = AddItem(mnuDatabase, "mnuCopyToFavorites", "&Copy Item to Favorites...");
@@ -185,6 +189,7 @@ void MainWindow::BuildMenus()
     const auto guarded = [this](QAction* action, void (MainWindow::*handler)()) {
         ConnectGuarded(action, &QAction::triggered, this, handler, &guard_);
     };
+    ConnectGuarded(mnuRichIn, &QAction::triggered, this, [this] { mnuRichIn_Click(-1); }, &guard_);
     guarded(mnuExit, &MainWindow::Egress);
     guarded(mnuDisclaimer, &MainWindow::Disclaimer);
     guarded(mnuAbout, &MainWindow::mnuAbout_Click);
@@ -239,7 +244,8 @@ void MainWindow::BuildCentre()
     chartNutrients = new NutrientChart(analysisPage);
     analysisPage->AddChart(chartNutrients);
     reports_ = std::make_unique<ReportCommands>(seams_.prompts, seams_.files, seams_.printer,
-                                                QString::fromStdString(session_.programFolder));
+                                                QString::fromStdString(session_.programFolder),
+                                                ProgramOwnFiles({session_.programFolder}));
     tabMain->addTab(profilePage, QStringLiteral("&Profile"));
     tabMain->addTab(chooserPage, QStringLiteral("Food &List"));  // Alt+F is the File menu
     tabMain->addTab(analysisPage, QStringLiteral("&Analysis"));
@@ -247,6 +253,10 @@ void MainWindow::BuildCentre()
             [this](bool valid) { guard_.Run([&] { OnProfileValidated(valid); }); });
     connect(chooserPage, &FoodChooserPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicFoodList); });
+    connect(analysisPage, &AnalysisPage::richInRequested, this,
+            [this](int nutrient) { guard_.Run([&] { mnuRichIn_Click(nutrient); }); });
+    connect(chartNutrients, &NutrientChart::nutrientClicked, this,
+            [this](int nutrient) { guard_.Run([&] { mnuRichIn_Click(nutrient); }); });
     connect(analysisPage, &AnalysisPage::helpRequested, this,
             [this] { ShowHelpTopic("Pw.hlp", kHelpContext, kTopicAnalysis); });
     // F1: the topic of the tab in front (profile 2, food list 3, analysis 4).
@@ -494,6 +504,24 @@ void MainWindow::RefreshChart()
     const DailyValues none{};
     chartNutrients->SetData(BuildChartData(session_.profile.valid ? session_.dailyValues : none,
                                            session_.foodList.Totals()));
+}
+
+void MainWindow::mnuRichIn_Click(int nutrient)
+{
+    if (!frmRichIn) {
+        frmRichIn = new RichInDialog(session_, seams_, &guard_, this);
+        // The food goes to the chooser, on its tab, ready for Enter.
+        connect(frmRichIn, &RichInDialog::foodChosen, this, [this](int index, const QString& quantity) {
+            guard_.Run([&] {
+                tabMain->setCurrentWidget(chooserPage);
+                chooserPage->TakeRankedFood(index, quantity);
+            });
+        });
+    }
+    frmRichIn->PresetNutrient(nutrient >= 0 && nutrient < kShownNutrients ? std::optional(static_cast<Nutrient>(nutrient))
+                                                                         : std::nullopt);
+    frmRichIn->SetProfileComplete(session_.profile.valid && tabMain->isTabEnabled(1));
+    frmRichIn->open();
 }
 
 void MainWindow::mnuList_Click() { reports_->PrintReport(BuildFoodListReport(CurrentReportSource(), ViewByUnits())); }

@@ -20,6 +20,7 @@ class AnalysisFileCommands;
 class AnalysisPage;
 class DatabaseCommands;
 class SearchDialog;
+class RichInDialog;
 class ErrorGuard;
 class FoodListGrid;
 class FoodChooserPage;
@@ -82,6 +83,8 @@ private:
     ReportSource CurrentReportSource() const;
     // The chart follows the list's totals and the daily values.
     void RefreshChart();
+    // The foods rich in a nutrient (-1: the dialog's own choice).
+    void mnuRichIn_Click(int nutrient);
     void mnuPlatewellWeb_Click();
     void mnuRememberWindowSize_Click();
     void mnuRememberColumnWidth_Click();
@@ -118,6 +121,8 @@ private:
     DatabaseCommands* database = nullptr;
     // Opened by the chooser's Search button; created on first use and kept.
     SearchDialog* frmSearch = nullptr;
+    // The foods rich in a nutrient; created on first use and kept.
+    RichInDialog* frmRichIn = nullptr;
 
     // Menus and items, named as their objectName.
     QMenu* mnuFile = nullptr;
@@ -136,6 +141,7 @@ private:
     QAction* mnuExportCsv = nullptr;
     QAction* mnuAnalyseDays = nullptr;
     QAction* mnuExit = nullptr;
+    QAction* mnuRichIn = nullptr;
     QAction* mnuAddCustomItem = nullptr;
     QAction* mnuSaveAsDish = nullptr;
     QAction* mnuCopyToFavorites = nullptr;
