@@ -25,8 +25,21 @@ struct OpenedAnalysis {
     bool valid = true;  // false: the file is not a list file
 };
 
+// "3" of an old measure as a quantity of a new one numerator / denominator
+// times its size: "1.5" for 3 x 1/2, to two decimals (never 0), a quantity
+// the quantity box reads. A text that is no positive quantity stays as it is.
+std::string ScaledQuantityText(const std::string& quantityText, std::int32_t numerator, std::int32_t denominator);
+
+// The item's food in table: by its four texts, else, for a food the
+// delivered database renamed, by its new texts, the quantity scaled to the
+// new measure. Returns the item as found (renamed or not); index is -1 when
+// the food is not there, or when the scaled quantity would exceed what the
+// quantity box takes.
+AnalysisItem LocateItem(const AnalysisItem& item, const FoodTable& table, std::int16_t& index);
+
 // The items of a list file turned back into rows, in file order: each
-// item's food found again by its four texts, its quantity parsed again and
+// item's food found again by its four texts (or its old texts, when the
+// delivered database renamed it), its quantity parsed again and
 // its values scaled with the daily values, then handed to row. An item whose
 // food is no longer in the table is handed to missing, as its message, and
 // dropped. An overflow is a run-time error, and so is a row more than a list

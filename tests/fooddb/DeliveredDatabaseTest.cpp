@@ -2,6 +2,7 @@
 // chooser needs, and is exactly what the maker makes from the USDA files.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <set>
@@ -12,7 +13,10 @@
 #include "dbmaker/DatabaseMaker.h"
 #include "dbmaker/FoodNames.h"
 #include "fooddb/DataFile.h"
+#include "analysis/AnalysisOpening.h"
 #include "fooddb/FoodGroups.h"
+#include "fooddb/FoodRenames.h"
+#include "foodlist/Quantity.h"
 
 namespace {
 
@@ -20,7 +24,14 @@ using namespace pw;
 
 const std::string kSourceDir = PLATEWELL_SOURCE_DIR;
 const std::string kDataFile = kSourceDir + "/data/data.dat";
-const std::string kUsdaFolder = kSourceDir + "/data/source/usda-sr21";
+const std::string kSources = kSourceDir + "/data/source";
+const std::string kRenamesFile = kSourceDir + "/src/fooddb/DeliveredRenames.inc";
+
+const dbmaker::MadeDatabase& Fresh()
+{
+    static const dbmaker::MadeDatabase made = dbmaker::MakeDatabase(kSources);
+    return made;
+}
 
 const std::string& Bytes()
 {
@@ -176,13 +187,198 @@ TEST(DeliveredDatabase, EveryRecordIsAPlainGenericFoodInInsertOrder)
         EXPECT_LE(entries.size(), static_cast<std::size_t>(dbmaker::kMeasuresPerFood)) << key;
 }
 
-TEST(DeliveredDatabase, CommittedFileEqualsAFreshGeneration)
+TEST(DeliveredDatabase, CommittedFilesEqualAFreshGeneration)
 {
-    dbmaker::Selection selection;
-    const std::string fresh = dbmaker::MakeDatabaseBytes(kUsdaFolder, &selection);
-    EXPECT_EQ(static_cast<int>(selection.records.size()), Table().Count());
-    ASSERT_EQ(fresh.size(), Bytes().size());
-    EXPECT_TRUE(fresh == Bytes()) << "data/data.dat is stale: build the regenerate_database target";
+    EXPECT_EQ(static_cast<int>(Fresh().selection.records.size()), Table().Count());
+    ASSERT_EQ(Fresh().dataFile.size(), Bytes().size());
+    EXPECT_TRUE(Fresh().dataFile == Bytes()) << "data/data.dat is stale: build the regenerate_database target";
+    EXPECT_TRUE(Fresh().renamesSource == ReadWholeFile(kRenamesFile, std::size_t(1) << 30))
+        << "src/fooddb/DeliveredRenames.inc is stale: build the regenerate_database target";
+}
+
+// value x grams / 100 with halves to even, worked out here on its own.
+std::int32_t Recompute(std::int64_t per100gHundredths, std::int64_t gramsHundredths)
+{
+    const std::lldiv_t d = std::lldiv(per100gHundredths * gramsHundredths, 1'000'000);
+    const bool up = 2 * d.rem > 1'000'000 || (2 * d.rem == 1'000'000 && d.quot % 2 == 1);
+    return static_cast<std::int32_t>(d.quot + (up ? 1 : 0));
+}
+
+// What a dietitian checks on every record of the delivered file: no brand,
+// no measure that says other than its weight, a size on every serving, no
+// clutter, no calories the whole grams distort, one spelling per subgroup,
+// sentence case; and every value the exact recomputation from USDA.
+TEST(DeliveredDatabase, EveryRecordKeepsTheRulesAndRecomputesFromUsda)
+{
+    const usda::Source source = usda::ReadSource(kSources + "/usda-sr21");
+    const dbmaker::Selection& made = Fresh().selection;
+    ASSERT_EQ(made.records.size(), made.origins.size());
+    std::map<std::string, std::map<std::string, int>> subgroups;
+    std::set<std::string> incomplete, spoonfulsOnly, undistorted;
+    std::map<std::string, const usda::FoodDescription*> foods;
+    for (const auto& f : source.foods)
+        foods[f.ndbNo] = &f;
+    for (std::size_t i = 0; i < made.records.size(); ++i) {
+        const FoodRecord& r = made.records[i];
+        const dbmaker::RecordOrigin& o = made.origins[i];
+        if (r.group == kFavoritesGroup)
+            continue;
+        SCOPED_TRACE(r.subgroup + " / " + r.description + " / " + r.measure);
+        ++subgroups[r.group][r.subgroup];
+        for (const std::string* text : {&r.subgroup, &r.description, &r.measure})
+            EXPECT_FALSE(dbmaker::NamesBrand(*text));
+        const std::string measure = dbmaker::Lower(r.measure);
+        EXPECT_EQ(measure.find("servings per"), std::string::npos);
+        if (measure.find("serving") != std::string::npos) {
+            EXPECT_TRUE(measure.size() > 3 && measure.compare(measure.size() - 3, 3, " g)") == 0) << measure;
+        }
+        const std::string unit = measure.substr(measure.find(' ') + 1);
+        EXPECT_TRUE(unit != "g" && unit != "ml" && unit != "grams" && unit[0] != '(' && measure.find("size cup") == std::string::npos);
+        EXPECT_EQ(dbmaker::SentenceCase(r.subgroup), r.subgroup);
+        EXPECT_EQ(dbmaker::SentenceCase(r.description), r.description);
+
+        const usda::Nutrients& n = source.nutrients.at(o.ndbNo);
+        if (!n.complete)
+            incomplete.insert(o.ndbNo);
+        const bool alcoholic = foods.at(o.ndbNo)->longDesc.rfind("Alcoholic beverage", 0) == 0;
+        // A distorted measure only as a food's spoonful when it has no other.
+        if (dbmaker::CaloriesDistorted(n, o.gramsHundredths, alcoholic)) {
+            EXPECT_TRUE(unit.rfind("tbsp", 0) == 0 || unit.rfind("tsp", 0) == 0 || unit.rfind("cup", 0) == 0);
+            spoonfulsOnly.insert(o.ndbNo);
+        } else {
+            undistorted.insert(o.ndbNo);
+        }
+        const std::pair<Nutrient, std::int64_t> kept[] = {
+            {kProtein, n.protein}, {kCarbs, n.carbs},     {kFats, n.fat},       {kCholesterol, n.cholesterol},
+            {kFiber, n.fiber},     {kCalcium, n.calcium}, {kSodium, n.sodium},
+        };
+        for (const auto& [nutrient, per100g] : kept)
+            EXPECT_EQ(r.values[nutrient], Recompute(per100g, o.gramsHundredths)) << nutrient;
+        EXPECT_EQ(r.values[kCalories],
+                  ComputeCalories(r.values[kProtein], r.values[kCarbs], r.values[kFats], r.values[kAlcohol]));
+    }
+    for (const auto& [group, names] : subgroups)
+        EXPECT_TRUE(dbmaker::MergedSubgroups(names).empty()) << group;
+    for (const std::string& food : spoonfulsOnly)
+        EXPECT_EQ(undistorted.count(food), 0u) << food << " has a distorted spoonful beside a measure that is not";
+    EXPECT_LE(spoonfulsOnly.size(), 5u);
+    // The manual's page on the data gives their count.
+    const std::string manual = ReadWholeFile(kSourceDir + "/data/pw.hlp", kHelpFileLimit);
+    EXPECT_NE(manual.find(std::to_string(incomplete.size()) + " of the delivered foods are such foods"), std::string::npos)
+        << incomplete.size() << " foods with an unknown value";
+}
+
+// The everyday foods a person logs are there with a household measure.
+TEST(DeliveredDatabase, EverydayFoodsAreThereWithAHouseholdMeasure)
+{
+    const std::tuple<const char*, const char*, const char*> foods[] = {
+        {"Cheese", "Feta", "1 oz"},
+        {"Cheese", "Edam", "1 oz"},
+        {"Potatoes", "Baked, flesh and skin, without salt", "1 potato medium"},
+        {"Cereals ready-to-eat", "Corn flakes, plain", "1 cup"},
+        {"Bread", "Whole-wheat, commercially prepared, toasted", "1 slice"},
+        {"Crackers", "Matzo, plain", "1 matzo"},
+        {"Pickles", "Cucumber, sour", "1 spear"},
+        {"Squash", "Winter, all varieties, baked, without salt", "1 cup, cubes"},
+        {"Tomatoes", "Red, ripe, raw, year round average", "1 medium whole (2-3/5\" dia)"},
+        {"Onions", "Raw", "1 medium (2-1/2\" dia)"},
+        {"Oranges", "Raw, all commercial varieties", "1 fruit (2-5/8\" dia)"},
+        {"Bread", "White, commercially prepared (includes soft bread crumbs)", "1 slice"},
+    };
+    for (const auto& [subgroup, description, measure] : foods) {
+        bool found = false;
+        for (int i = 0; i < Table().Count() && !found; ++i)
+            found = Table().Subgroup(i) == subgroup && Table().Description(i) == description && Table().Measure(i) == measure;
+        EXPECT_TRUE(found) << subgroup << " / " << description << " / " << measure;
+    }
+}
+
+// A list saved with the earlier database's names opens whole: every food of
+// it that is still delivered is found, renamed or not, with its quantity
+// scaled to the new measure; only the foods no longer delivered, those left
+// out for a value USDA does not give, are told.
+TEST(DeliveredDatabase, AListWithTheEarlierNamesOpensWhole)
+{
+    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt", std::size_t(1) << 30));
+    std::set<std::string> delivered;
+    for (const auto& o : Fresh().selection.origins)
+        delivered.insert(o.ndbNo);
+    std::vector<AnalysisItem> items;
+    std::vector<std::string> gone;
+    for (const auto& e : earlier) {
+        items.push_back(AnalysisItem{0, "3", e.names.group, e.names.subgroup, e.names.description, e.names.measure});
+        if (!delivered.count(e.origin.ndbNo))
+            gone.push_back(MissingFoodText(items.back()));
+    }
+    std::vector<FoodListEntry> rows;
+    std::vector<std::string> missing;
+    for (std::size_t at = 0; at < items.size(); at += 400) {  // a list holds 500 rows
+        const std::vector<AnalysisItem> part(items.begin() + static_cast<std::ptrdiff_t>(at),
+                                             items.begin() + static_cast<std::ptrdiff_t>(std::min(at + 400, items.size())));
+        OpenItems(part, Table(), DailyValues{}, [&](FoodListEntry e) { rows.push_back(std::move(e)); },
+                  [&](const std::string& text) { missing.push_back(text); });
+    }
+    EXPECT_EQ(missing, gone);
+    EXPECT_EQ(rows.size() + gone.size(), earlier.size());
+    // Only a food whose unknown value a complete one of its kind replaces is gone.
+    const usda::Source source = usda::ReadSource(kSources + "/usda-sr21");
+    for (const auto& e : earlier)
+        if (!delivered.count(e.origin.ndbNo)) {
+            EXPECT_FALSE(source.nutrients.at(e.origin.ndbNo).complete) << e.names.subgroup << " / " << e.names.description;
+        }
+    // A renamed food takes its new texts, and its quantity in the new measure.
+    bool scaled = false;
+    for (const auto& row : rows) {
+        EXPECT_EQ(Table().Subgroup(row.foodIndex), row.subgroup);
+        EXPECT_EQ(Table().Measure(row.foodIndex), row.measure);
+        if (row.subgroup == "Olives" && row.description == "Ripe, canned (small-extra large)" && row.measure == "2 large") {
+            EXPECT_EQ(row.quantityText, "1.5");  // 3 large olives
+            scaled = true;
+        }
+    }
+    EXPECT_TRUE(scaled);
+}
+
+// An old measure lighter than every new one of its food: a small quantity
+// opens scaled up, one that would go beyond what the quantity box takes is
+// told as gone instead of making a list that could not be opened again.
+TEST(DeliveredDatabase, ARenamedFoodNeverOpensBeyondTheLargestQuantity)
+{
+    const auto earlier = dbmaker::ParseEarlierNames(ReadWholeFile(kSources + "/earlier-names.txt", std::size_t(1) << 30));
+    const FoodRename* grown = nullptr;
+    AnalysisItem item;
+    for (const auto& e : earlier) {
+        const FoodRename* r = FindFoodRename(e.names.group, e.names.subgroup, e.names.description, e.names.measure);
+        if (r && r->quantityNumerator > 2 * r->quantityDenominator) {
+            grown = r;
+            item = AnalysisItem{0, "", e.names.group, e.names.subgroup, e.names.description, e.names.measure};
+            break;
+        }
+    }
+    ASSERT_NE(grown, nullptr);
+    for (const char* quantity : {"1", "99"}) {
+        item.quantityText = quantity;
+        std::int16_t index = -1;
+        const AnalysisItem found = LocateItem(item, Table(), index);
+        std::string text = found.quantityText;
+        if (std::string(quantity) == "1") {
+            ASSERT_GE(index, 0);
+            EXPECT_EQ(found.measure, grown->newMeasure);
+            EXPECT_GT(ParseQuantity(text), 2.0f);
+        } else {
+            EXPECT_EQ(index, -1);
+        }
+    }
+}
+
+TEST(DeliveredDatabase, ScaledQuantitiesReadInTheQuantityBox)
+{
+    const std::tuple<const char*, int, int, const char*> cases[] = {
+        {"3", 1, 2, "1.5"}, {"1", 1, 1, "1"}, {"2-1/2", 2, 1, "5"}, {"1/3", 1, 3, "0.11"},
+        {"1", 1420, 24400, "0.06"}, {"1", 1, 1000, "0.01"}, {"abc", 1, 2, "abc"}, {"", 1, 2, ""},
+    };
+    for (const auto& [text, numerator, denominator, expected] : cases)
+        EXPECT_EQ(ScaledQuantityText(text, numerator, denominator), expected) << text;
 }
 
 TEST(DatabaseMaker, ValuesPerMeasureRoundHalfToEven)
@@ -237,7 +433,15 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {3527, "oz", std::nullopt},  // 100 g in ounces: no household amount
         {1000, "cup (1 NLEA serving)", "1 cup"}, {1000, "oz ( 1 serving )", "1 oz"}, {1000, "serving (3 oz)", "3 oz"},
         {1000, "serving ( 3 oz )", "3 oz"}, {1000, "serving 1/2 cup", "1/2 cup"},
-        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", std::nullopt},
+        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", "1 serving (100 g)"},
+        {1000, "serving 9 servings per 24 oz package", "1 serving (100 g)"}, {1000, "small Serving", "1 small serving (100 g)"},
+        {1000, "box, single serving (.75 oz)", "1 box (0.75 oz)"}, {1000, "cookie (include Archway brand)", "1 cookie"},
+        {1000, "package, Little Debbie (twin wrapped)", "1 package (twin wrapped)"}, {1000, "Chiclets", std::nullopt},
+        {1000, "jigger 1.5 fl oz", "1 jigger (1.5 fl oz)"}, {1000, "item 5.923 oz", "1 item (5.923 oz)"},
+        {1000, "child cup 12 fl oz size cup", "1 child cup (12 fl oz)"}, {45000, "g", std::nullopt},
+        {1000, "cup medium 21 fl oz size", "1 medium cup (21 fl oz)"}, {1000, "8 oz container (8 oz)", "1 container (8 oz)"},
+        {1000, "Potato medium (2-1/4\" to 3-1/4\" dia)", "1 potato medium (2-1/4\" to 3-1/4\" dia)"},
+        {1000, "serving 2 TBSP", "2 tbsp"},
         {1000, "chop, excluding refuse (yield from 1 raw chop, with refuse, weighing 151 g)", "1 chop"},
         {1000, "patty ( yield from 1/4 lb raw meat )", "1 patty"},
         {1000, "piece, cooked, excluding refuse (yield from 1 lb raw meat with refuse)", std::nullopt},
@@ -247,7 +451,7 @@ TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
         {4000, "teaspoon", "4 tsp"}, {1000, "fluid ounce", "1 fl oz"}, {1000, "tablespoonful", "1 tablespoonful"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit), c.expected) << c.amount << " " << c.unit;
+        EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit, 10000), c.expected) << c.amount << " " << c.unit;
 }
 
 TEST(DatabaseMaker, ChoosesEverydayMeasuresOfDifferentUnitsFirst)
@@ -257,10 +461,14 @@ TEST(DatabaseMaker, ChoosesEverydayMeasuresOfDifferentUnitsFirst)
         std::vector<std::size_t> expected;
     };
     const Case cases[] = {
-        // cheese: one cup form, then ounces and slices before more cups
-        {{"1 cup, diced", "1 cup, melted", "1 cup, shredded", "1 oz", "1 cubic inch", "1 slice (1 oz)"}, {0, 3, 5}},
-        // eggs: the odd sizes after large and medium
-        {{"1 cup (4.86 large eggs)", "1 extra large", "1 jumbo", "1 large", "1 medium"}, {0, 3, 4}},
+        // cheese: the slice, one cup form, then ounces before more cups
+        {{"1 cup, diced", "1 cup, melted", "1 cup, shredded", "1 oz", "1 cubic inch", "1 slice (1 oz)"}, {5, 0, 3}},
+        // eggs: the medium, the cup, then the large before odd sizes
+        {{"1 cup (4.86 large eggs)", "1 extra large", "1 jumbo", "1 large", "1 medium"}, {4, 0, 3}},
+        // bread: the standard slice before the large and thin ones
+        {{"1 cup, crumbs", "1 oz", "1 slice, large", "1 slice", "1 slice, thin"}, {3, 1, 0}},
+        // orange: the fruit, the cup, then a size
+        {{"1 cup, sections", "1 large (3-1/16\" dia)", "1 small", "1 fruit (2-5/8\" dia)"}, {3, 0, 1}},
         // bulk measures last, but still taken when nothing else is there
         {{"1 lb", "1 package (10 oz)", "1 cup"}, {2, 0, 1}},
         {{"1 cup", "1 tbsp"}, {0, 1}},

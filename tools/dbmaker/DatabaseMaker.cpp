@@ -1,7 +1,10 @@
 #include "dbmaker/DatabaseMaker.h"
 
 #include <algorithm>
+#include <cctype>
+#include <fstream>
 #include <limits>
+#include <numeric>
 #include <map>
 #include <optional>
 #include <set>
@@ -9,6 +12,7 @@
 #include <tuple>
 
 #include "dbmaker/FoodNames.h"
+#include "core/LineFile.h"
 #include "fooddb/DataFile.h"
 
 namespace pw::dbmaker {
@@ -73,6 +77,29 @@ constexpr GroupPrefix kGroupPrefixes[] = {
     {kSoups, "soup"},          {kFastFoods, "fast foods"},          {kFastFoods, "fast food"},
     {kSnacks, "snacks"},       {kSnacks, "snack"},                  {kBeverages, "beverages"},
     {kBeverages, "beverage"},  {kBeverages, "alcoholic beverage"},  {kBeverages, "alcoholic beverages"},
+    {kDesserts, "snacks"},     {kDairy, "beverage"},
+};
+
+// Long descriptions whose commas do not separate general from specific: a
+// product name written in capitals around its commas.
+constexpr std::pair<std::string_view, std::string_view> kLongDescRewrites[] = {
+    {"Egg, Cheese and Sausage Griddle Cake Sandwich", "Griddle cake sandwich, egg, cheese and sausage"},
+    {"Egg, Cheese and Bacon Griddle Cake Sandwich", "Griddle cake sandwich, egg, cheese and bacon"},
+    {"Sausage Griddle Cake Sandwich", "Griddle cake sandwich, sausage"},
+};
+
+// Subgroups that do not say what they are on their own, in their group.
+struct SubgroupRename {
+    std::string_view group;
+    std::string_view from;
+    std::string_view to;
+};
+constexpr SubgroupRename kSubgroupRenames[] = {
+    {kBeverages, "Distilled", "Distilled spirits"},
+    {kSnacks, "Corn-based", "Corn-based snacks"},
+    {kFastFoods, "Entrees", "Fast-food entrees"},
+    {kFastFoods, "Side dishes", "Fast-food side dishes"},
+    {kBeverages, "Rice (sake)", "Sake"},
 };
 
 // First parts that only name a family of foods: the next part is the
@@ -88,6 +115,8 @@ constexpr std::pair<std::string_view, std::string_view> kSubgroupAliases[] = {
     {"Pudding", "Puddings"},
     {"Formulated bar", "Formulated bars"},
     {"Breakfast bar", "Breakfast bars"},
+    {"Chicken rice", "Chicken with rice"},
+    {"Beef broth or bouillon canned", "Beef broth or bouillon"},
 };
 
 // The records each group may hold; together with the Favorites entry they
@@ -97,10 +126,10 @@ struct GroupBudget {
     int records;
 };
 constexpr GroupBudget kBudgets[] = {
-    {kBakery, 340},    {kBeverages, 190}, {kCondiments, 180}, {kDairy, 250},  {kDesserts, 310},
-    {kFastFoods, 170}, {kFatsOils, 110},  {kFruits, 300},     {kMeals, 60},   {kMeats, 360},
-    {kNuts, 230},      {kPoultry, 170},   {kSeafood, 180},    {kSnacks, 140}, {kSoups, 160},
-    {kVegetables, 400},
+    {kBakery, 370},    {kBeverages, 190}, {kCondiments, 180}, {kDairy, 270},  {kDesserts, 330},
+    {kFastFoods, 170}, {kFatsOils, 110},  {kFruits, 310},     {kMeals, 45},   {kMeats, 370},
+    {kNuts, 240},      {kPoultry, 180},   {kSeafood, 190},    {kSnacks, 140}, {kSoups, 170},
+    {kVegetables, 440},
 };
 
 // Words that make a food less likely to be the one a person looks for: each
@@ -127,6 +156,10 @@ constexpr std::string_view kStaples[] = {
     "Cereals, oats, regular and quick and instant, unenriched, cooked with water (includes boiling and "
     "microwaving), without salt",
     "Pancakes, plain, prepared from recipe",
+    "Bread, whole-wheat, commercially prepared, toasted",
+    "Bread, white, commercially prepared, toasted",
+    "Crackers, matzo, plain",
+    "Cereals ready-to-eat, corn flakes, plain, single brand",
     // Beverages
     "Coffee, brewed from grounds, prepared with tap water",
     "Tea, brewed, prepared with tap water",
@@ -149,6 +182,8 @@ constexpr std::string_view kStaples[] = {
     "Cheese, cottage, creamed, large or small curd",
     "Cheese, cream",
     "Cheese, swiss",
+    "Cheese, feta",
+    "Cheese, edam",
     "Yogurt, plain, low fat, 12 grams protein per 8 ounce",
     "Egg, whole, raw, fresh",
     "Egg, whole, cooked, hard-boiled",
@@ -218,6 +253,9 @@ constexpr std::string_view kStaples[] = {
     "Soup, vegetable beef, canned, prepared with equal volume water",
     // Vegetables
     "Potatoes, baked, flesh, without salt",
+    "Potato, baked, flesh and skin, without salt",
+    "Squash, winter, all varieties, cooked, baked, without salt",
+    "Pickles, cucumber, sour",
     "Potatoes, mashed, home-prepared, whole milk and butter added",
     "Potatoes, french fried, all types, salt added in processing, frozen, home-prepared, oven heated",
     "Broccoli, raw",
@@ -321,6 +359,7 @@ constexpr Rewording kRewordings[] = {
     {"prepared-from-recipe", "prepared from recipe"},
     {"boiled. drained", "boiled, drained"},
     {" (includes boiling and microwaving)", ""},
+    {", single brand", ""},
 };
 
 // Applied one after another, only while a description is longer than 75
@@ -350,6 +389,8 @@ struct Candidate {
     std::string_view group;
     std::vector<std::string> parts;
     int rank = 0;
+    std::string_view trim;  // the trim level merged away, "1/8\" fat"
+    int shortenings = 0;    // how many of kShortenings the description took
     std::string subgroup;
     std::string description;
 };
@@ -427,7 +468,7 @@ std::string SubgroupName(std::string text)
 {
     // Only the first letter upper case: "Turkey Pot Pie" and "Turkey pot pie"
     // are one subgroup.
-    text = CapitalizeFirst(Lower(text));
+    text = SentenceCase(text);
     for (const auto& [from, to] : kSubgroupAliases)
         if (text == from)
             text = std::string(to);
@@ -435,10 +476,21 @@ std::string SubgroupName(std::string text)
 }
 
 // Fills subgroup and description from the parts; false when a name does not
-// fit in 75 characters.
-bool NameCandidate(Candidate& c)
+// fit in 75 characters. The first `shortenings` shortenings are made
+// whatever the length, so that siblings read alike.
+bool NameCandidate(Candidate& c, int shortenings)
 {
     std::vector<std::string> parts = c.parts;
+    // "Bacon, meatless" is meatless bacon, not bacon.
+    bool meatless = false;
+    for (auto it = parts.begin() + 1; parts.size() > 1 && it != parts.end();) {
+        if (EqualsNoCase(*it, "meatless")) {
+            it = parts.erase(it);
+            meatless = true;
+        } else {
+            ++it;
+        }
+    }
     for (const auto& gp : kGroupPrefixes)
         if (gp.group == c.group && parts.size() > 1 && EqualsNoCase(parts[0], gp.prefix))
             parts.erase(parts.begin());
@@ -460,16 +512,27 @@ bool NameCandidate(Candidate& c)
         subgroup = NormalizeSpacing(subgroup.substr(0, semi));
         description = description.empty() ? rest : rest + ", " + description;
     }
+    if (meatless)
+        subgroup = "Meatless " + Lower(subgroup);
     if (description.empty())
         description = subgroup;  // a food of one word names itself
 
+    c.shortenings = 0;
     for (const auto& s : kShortenings) {
-        if (description.size() <= static_cast<std::size_t>(kMaxTextField))
+        if (c.shortenings >= shortenings && description.size() <= static_cast<std::size_t>(kMaxTextField))
             break;
         ReplaceAll(description, s.from, s.to);
+        ++c.shortenings;
     }
     c.subgroup = SubgroupName(NormalizeSpacing(subgroup));
-    c.description = CapitalizeFirst(NormalizeSpacing(description));
+    c.description = SentenceCase(NormalizeSpacing(description));
+    for (const auto& r : kSubgroupRenames) {
+        if (r.group == c.group && c.subgroup == r.from) {
+            if (c.description == c.subgroup)
+                c.description = std::string(r.to);
+            c.subgroup = std::string(r.to);
+        }
+    }
     return !c.subgroup.empty() && c.subgroup.size() <= static_cast<std::size_t>(kMaxTextField) &&
            c.description.size() <= static_cast<std::size_t>(kMaxTextField);
 }
@@ -557,13 +620,25 @@ NutrientValues MeasureValues(const usda::Nutrients& n, std::int64_t gramsHundred
     return v;
 }
 
+bool CaloriesDistorted(const usda::Nutrients& n, std::int64_t gramsHundredths, bool alcoholic)
+{
+    // kcal x 10^6, exactly: per-100 g hundredths x gram hundredths.
+    const std::int64_t perGram = 4 * (n.protein + n.carbs) + 9 * n.fat + (alcoholic ? AlcoholNumeratorPer100g(n) : 0);
+    const std::int64_t exact = perGram * gramsHundredths;
+    // Water, coffee, tea and diet drinks have almost none whatever the cup.
+    if (perGram < kAlmostNoKcalPer100g * 100 || exact < kDistortionFloorKcal * 1'000'000LL)
+        return false;
+    const std::int64_t shown = static_cast<std::int64_t>(MeasureValues(n, gramsHundredths, alcoholic)[kCalories]) * 1'000'000;
+    return 4 * (shown > exact ? shown - exact : exact - shown) > exact;
+}
+
 bool RecordLess(const FoodRecord& a, const FoodRecord& b)
 {
     return std::tie(a.group, a.subgroup, a.description, a.measure) <
            std::tie(b.group, b.subgroup, b.description, b.measure);
 }
 
-Selection SelectFoods(const usda::Source& source)
+Selection SelectFoods(const usda::Source& source, const std::set<std::string>& earlierFoods)
 {
     Selection selection;
     selection.foodsRead = static_cast<int>(source.foods.size());
@@ -577,6 +652,9 @@ Selection SelectFoods(const usda::Source& source)
         Candidate c;
         c.food = &food;
         std::string text = NormalizeSpacing(food.longDesc);
+        for (const auto& [from, to] : kLongDescRewrites)
+            if (text == from)
+                text = std::string(to);
         for (const auto& r : kRewordings)
             ReplaceAll(text, r.from, r.to);
         c.parts = SplitParts(text);
@@ -608,11 +686,70 @@ Selection SelectFoods(const usda::Source& source)
     for (auto& c : cooked) {
         if (c.group == kMeats || c.group == kPoultry) {
             const int grade = TakeRankedParts(c.parts, kGradeParts, std::size(kGradeParts));
+            for (const auto& t : kTrimParts)
+                for (const auto& part : c.parts)
+                    if (EqualsNoCase(WithoutBlanks(part), WithoutBlanks(t.part)))
+                        c.trim = t.part.substr(std::string_view("trimmed to ").size());
             const int trim = TakeRankedParts(c.parts, kTrimParts, std::size(kTrimParts));
             c.rank = grade * 10 + trim;
         }
-        if (NameCandidate(c))
+        if (NameCandidate(c, 0))
             named.push_back(std::move(c));
+    }
+    // Siblings are shortened alike: when one food of a subgroup had to drop
+    // its "cooked" ("cooked, braised" -> "braised"), all of them do, so that
+    // "lean and fat, braised" and "lean only, braised" stand side by side.
+    {
+        std::map<std::pair<std::string_view, std::string>, int> most;
+        for (const auto& c : named)
+            most[{c.group, c.subgroup}] = std::max(most[{c.group, c.subgroup}], std::min(c.shortenings, 1));
+        std::vector<Candidate> renamed;
+        for (auto& c : named) {
+            const int steps = most[{c.group, c.subgroup}];
+            if (NameCandidate(c, steps))
+                renamed.push_back(std::move(c));
+        }
+        named = std::move(renamed);
+    }
+    // One spelling per subgroup within a group: "Muffin" and "Muffins",
+    // "Pancakes" and "Pancakes plain" become one. What only the merged name
+    // said moves to the front of the description: "Plain, dry mix".
+    {
+        std::map<std::string_view, std::map<std::string, int>> perGroup;
+        for (const auto& c : named)
+            ++perGroup[c.group][c.subgroup];
+        for (const auto& [group, subgroups] : perGroup) {
+            const auto merged = MergedSubgroups(subgroups);
+            for (auto& c : named) {
+                if (c.group != group)
+                    continue;
+                const auto to = merged.find(c.subgroup);
+                if (to == merged.end())
+                    continue;
+                std::string said;
+                const std::string from = Lower(c.subgroup);
+                if (from.size() > 6 && from.compare(from.size() - 6, 6, " plain") == 0)
+                    said = "Plain";
+                else if (const auto paren = c.subgroup.find(" ("); paren != std::string::npos &&
+                         c.subgroup.find_first_of("0123456789", paren) != std::string::npos)
+                    said = CapitalizeFirst(c.subgroup.substr(paren + 2, c.subgroup.size() - paren - 3));
+                if (!said.empty() && c.description != c.subgroup) {
+                    std::string rest = c.description;
+                    if (rest.size() > 1 && std::isupper(static_cast<unsigned char>(rest[0])) &&
+                        std::islower(static_cast<unsigned char>(rest[1])))
+                        rest[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(rest[0])));
+                    c.description = said + ", " + rest;
+                } else if (!said.empty()) {
+                    c.description = said;
+                }
+                c.subgroup = to->second;
+            }
+        }
+        named.erase(std::remove_if(named.begin(), named.end(),
+                                   [](const Candidate& c) {
+                                       return c.description.size() > static_cast<std::size_t>(kMaxTextField);
+                                   }),
+                    named.end());
     }
 
     // 4. One food per name: the lowest rank, then the lowest food id.
@@ -626,12 +763,25 @@ Selection SelectFoods(const usda::Source& source)
                                        a.description == b.description;
                             }),
                 named.end());
+    // A lean-and-fat cut says the trim its values are for.
+    for (auto& c : named) {
+        if (c.trim.empty())
+            continue;
+        std::string named = c.description;
+        const std::string_view leanAndFat = "lean and fat";
+        if (const auto at = Lower(named).find(leanAndFat); at != std::string::npos) {
+            named.insert(at + leanAndFat.size(), ", " + std::string(c.trim) + " trim");
+            if (named.size() <= static_cast<std::size_t>(kMaxTextField))
+                c.description = named;
+        }
+    }
 
     // 5. Up to three household measures per food, everyday ones first; a
     //    food without any is left out.
     struct Entry {
         const Candidate* candidate;
         std::vector<FoodRecord> records;
+        std::vector<RecordOrigin> origins;
         int commonness;  // lower is more common
     };
     std::map<std::string_view, std::map<std::string, std::vector<Entry>>> byGroup;  // group -> subgroup -> foods
@@ -639,44 +789,85 @@ Selection SelectFoods(const usda::Source& source)
         const auto measures = source.measures.find(c.food->ndbNo);
         if (measures == source.measures.end())
             continue;
-        std::vector<std::pair<std::string, std::int64_t>> texts;  // measure, grams
+        const usda::Nutrients& n = source.nutrients.at(c.food->ndbNo);
+        const bool alcoholic = IsAlcoholic(*c.food);
+        struct MeasureChoice {
+            std::string first;    // the measure text
+            std::int64_t second;  // grams
+            int seq;
+        };
+        // The household measures as USDA lists them; one whose calories the
+        // whole-gram values distort is taken 2, 5 or 10 times instead, and
+        // only where the food has too few others, so that a larger measure
+        // of the food wins when there is one. A food with none of either
+        // keeps its spoonfuls: it has next to nothing in one (capers, agar).
+        std::vector<MeasureChoice> texts, scaled, spoonfuls;
+        auto add = [&](std::vector<MeasureChoice>& to, std::string text, std::int64_t grams, int seq) {
+            for (const auto* list : {&texts, &scaled, &spoonfuls})
+                if (std::any_of(list->begin(), list->end(), [&](const auto& t) { return t.first == text; }))
+                    return;
+            to.push_back(MeasureChoice{std::move(text), grams, seq});
+        };
         for (const auto& m : measures->second) {
             if (m.grams <= 0)
                 continue;
-            auto text = MeasureText(m.amount, m.unit);
-            if (!text)
+            if (!CaloriesDistorted(n, m.grams, alcoholic)) {
+                if (auto text = MeasureText(m.amount, m.unit, m.grams))
+                    add(texts, std::move(*text), m.grams, m.seq);
                 continue;
-            if (std::any_of(texts.begin(), texts.end(), [&](const auto& t) { return t.first == *text; }))
-                continue;
-            texts.emplace_back(std::move(*text), m.grams);
+            }
+            // A spoon or a cup is doubled at most: "2 tbsp", never "10 tbsp".
+            const auto natural = MeasureText(m.amount, m.unit, m.grams);
+            const std::string unit = natural ? Lower(natural->substr(natural->find(' ') + 1)) : std::string();
+            const bool volume = unit.rfind("cup", 0) == 0 || unit.rfind("tbsp", 0) == 0 || unit.rfind("tsp", 0) == 0 ||
+                                unit.rfind("fl oz", 0) == 0;
+            bool taken = false;
+            for (int factor : kScaleFactors) {
+                if (volume && (factor > 2 || m.amount != 1000))
+                    break;
+                if (CaloriesDistorted(n, m.grams * factor, alcoholic))
+                    continue;
+                if (auto text = ScaledMeasureText(m.amount, m.unit, m.grams, factor)) {
+                    add(scaled, std::move(*text), m.grams * factor, m.seq);
+                    taken = true;
+                }
+                break;
+            }
+            if (!taken && natural && volume)
+                add(spoonfuls, *natural, m.grams, m.seq);
         }
-        std::vector<std::string> candidatesText;
-        for (const auto& t : texts)
-            candidatesText.push_back(t.first);
-        std::vector<std::pair<std::string, std::int64_t>> chosen;
-        for (std::size_t i : ChooseMeasures(candidatesText, kMeasuresPerFood))
-            chosen.push_back(texts[i]);
+        std::vector<MeasureChoice> chosen;
+        for (const auto* list : {&texts, &scaled, &spoonfuls}) {
+            if (list == &spoonfuls && !chosen.empty())
+                break;
+            std::vector<std::string> candidatesText;
+            for (const auto& t : *list)
+                candidatesText.push_back(t.first);
+            for (std::size_t i : ChooseMeasures(candidatesText, kMeasuresPerFood - chosen.size()))
+                chosen.push_back((*list)[i]);
+        }
         texts = std::move(chosen);
         if (texts.empty())
             continue;
-        const usda::Nutrients& n = source.nutrients.at(c.food->ndbNo);
-        const bool alcoholic = IsAlcoholic(*c.food);
         // Survey foods first; then foods with more household measures (USDA
         // describes the foods people eat often in more ways); then fewer
         // parts in the name and fewer rare words.
         const int householdMeasures = static_cast<int>(std::min<std::size_t>(measures->second.size(), 10));
         const bool staple = IsStaple(*c.food);
-        Entry entry{&c, {},
-                    staple ? -1
+        const bool earlier = earlierFoods.count(c.food->ndbNo) > 0;
+        Entry entry{&c, {}, {},
+                    staple ? -2 : earlier ? -1
                            : (c.food->survey ? 0 : kNotInSurvey) + (10 - householdMeasures) * kPerMissingMeasure +
                                  static_cast<int>(c.parts.size())};
         const std::string lower = Lower(c.food->longDesc);
         for (std::string_view word : kRareWords)
-            if (!staple && lower.find(word) != std::string::npos)
+            if (!staple && !earlier && lower.find(word) != std::string::npos)
                 entry.commonness += 2;
-        for (const auto& [measure, grams] : texts)
+        for (const auto& [measure, grams, seq] : texts) {
             entry.records.push_back(
                 FoodRecord{std::string(c.group), c.subgroup, c.description, measure, MeasureValues(n, grams, alcoholic)});
+            entry.origins.push_back(RecordOrigin{c.food->ndbNo, seq, grams});
+        }
         byGroup[c.group][c.subgroup].push_back(std::move(entry));
     }
 
@@ -687,6 +878,18 @@ Selection SelectFoods(const usda::Source& source)
     //    subgroup gets its most common food before any gets a tenth. Survey
     //    foods of all subgroups are placed first, the others only in the
     //    places still left.
+    // A food with a value USDA leaves empty is kept only when its subgroup
+    //    has no food with all of them: the empty value reads as 0.
+    for (auto& [group, subgroups] : byGroup) {
+        for (auto& [subgroup, foods] : subgroups) {
+            auto incomplete = [&](const Entry& e) {
+                return !source.nutrients.at(e.candidate->food->ndbNo).complete && !IsStaple(*e.candidate->food);
+            };
+            if (std::any_of(foods.begin(), foods.end(), [&](const Entry& e) { return !incomplete(e); }))
+                foods.erase(std::remove_if(foods.begin(), foods.end(), incomplete), foods.end());
+        }
+    }
+
     std::set<std::string> keptFoods;
     for (const auto& budget : kBudgets) {
         auto group = byGroup.find(budget.group);
@@ -694,7 +897,8 @@ Selection SelectFoods(const usda::Source& source)
             continue;
         struct Queue {
             std::vector<Entry>* foods;
-            std::size_t surveyFoods = 0;
+            std::size_t firstFoods = 0;   // staples and the earlier release's foods
+            std::size_t surveyFoods = 0;  // those and the survey's foods
             std::size_t next = 0;
             std::int64_t taken = 0;
         };
@@ -704,17 +908,20 @@ Selection SelectFoods(const usda::Source& source)
                 return std::tie(a.commonness, a.candidate->food->ndbNo) <
                        std::tie(b.commonness, b.candidate->food->ndbNo);
             });
+            const auto first = std::count_if(foods.begin(), foods.end(), [](const Entry& e) { return e.commonness < 0; });
             const auto survey = std::count_if(foods.begin(), foods.end(), [](const Entry& e) {
                 return e.candidate->food->survey || e.commonness < 0;
             });
-            queues.push_back(Queue{&foods, static_cast<std::size_t>(survey)});
+            queues.push_back(Queue{&foods, static_cast<std::size_t>(first), static_cast<std::size_t>(survey)});
         }
         int left = budget.records;
-        for (const bool surveyOnly : {true, false}) {
+        // Staples and the earlier release's foods first, then the survey's,
+        // then the rest.
+        for (const int tier : {0, 1, 2}) {
             while (left > 0) {
                 Queue* best = nullptr;
                 for (auto& q : queues) {
-                    if (q.next >= (surveyOnly ? q.surveyFoods : q.foods->size()))
+                    if (q.next >= (tier == 0 ? q.firstFoods : tier == 1 ? q.surveyFoods : q.foods->size()))
                         continue;
                     // (q.taken + 1)^2 / size < (best.taken + 1)^2 / best.size
                     const auto size = static_cast<std::int64_t>(q.foods->size());
@@ -732,20 +939,41 @@ Selection SelectFoods(const usda::Source& source)
                 ++selection.foodsKept;
                 keptFoods.insert(entry.candidate->food->longDesc);
                 selection.records.insert(selection.records.end(), entry.records.begin(), entry.records.end());
+                selection.origins.insert(selection.origins.end(), entry.origins.begin(), entry.origins.end());
             }
         }
+        for (const auto& [subgroup, foods] : group->second)
+            for (const Entry& e : foods)
+                if (e.candidate->food->survey && !keptFoods.count(e.candidate->food->longDesc))
+                    ++selection.surveyFoodsLeftForRoom[std::string(budget.group)];
     }
 
     // Every staple must have made it: a missing one means the USDA text or
     //    a rule above changed, and the database would lack an everyday food.
+    std::set<std::string_view> present;
+    for (const auto& food : source.foods)
+        present.insert(food.longDesc);
     for (std::string_view staple : kStaples)
-        if (!keptFoods.count(std::string(staple)))
+        if (present.count(staple) && !keptFoods.count(std::string(staple)))
             throw std::runtime_error("staple food not kept: " + std::string(staple));
 
     // 7. The Favorites group starts with its one empty entry.
     selection.records.push_back(FoodRecord{std::string(kFavoritesGroup), kFavoritesSubgroup, "", "", {}});
+    selection.origins.push_back(RecordOrigin{});
 
-    std::sort(selection.records.begin(), selection.records.end(), RecordLess);
+    std::vector<std::size_t> order(selection.records.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t a, std::size_t b) { return RecordLess(selection.records[a], selection.records[b]); });
+    std::vector<FoodRecord> records;
+    std::vector<RecordOrigin> origins;
+    for (std::size_t i : order) {
+        records.push_back(std::move(selection.records[i]));
+        origins.push_back(std::move(selection.origins[i]));
+    }
+    selection.records = std::move(records);
+    selection.origins = std::move(origins);
     return selection;
 }
 
@@ -758,24 +986,135 @@ void FillTable(FoodTable& table, const std::vector<FoodRecord>& records)
     table.DatabaseDirty = true;
 }
 
-std::string MakeDatabaseBytes(const std::string& usdaFolder, Selection* selection)
+MadeDatabase MakeDatabase(const std::string& sourceFolder)
 {
-    Selection made = SelectFoods(usda::ReadSource(usdaFolder));
+    const usda::Source source = usda::ReadSource(JoinPath(sourceFolder, "usda-sr21"));
+    std::vector<EarlierRecord> earlier;
+    const std::string earlierPath = JoinPath(sourceFolder, "earlier-names.txt");
+    if (std::ifstream(earlierPath).good())
+        earlier = ParseEarlierNames(ReadWholeFile(earlierPath, std::size_t(1) << 30));
+    std::set<std::string> earlierFoods;
+    for (const auto& e : earlier)
+        earlierFoods.insert(e.origin.ndbNo);
+    MadeDatabase made;
+    made.selection = SelectFoods(source, earlierFoods);
     FoodTable table;
-    FillTable(table, made.records);
-    std::string bytes = SaveDatabaseToBytes(table);
-    if (selection)
-        *selection = std::move(made);
-    return bytes;
+    FillTable(table, made.selection.records);
+    made.dataFile = SaveDatabaseToBytes(table);
+    made.renamesSource = RenamesSource(Renames(made.selection, earlier));
+    return made;
 }
 
-Selection MakeDatabase(const std::string& usdaFolder, const std::string& outputPath)
+std::vector<EarlierRecord> ParseEarlierNames(std::string_view text)
 {
-    Selection made = SelectFoods(usda::ReadSource(usdaFolder));
-    FoodTable table;
-    FillTable(table, made.records);
-    SaveDatabase(table, outputPath);
-    return made;
+    std::vector<EarlierRecord> records;
+    int lineNo = 0;
+    for (const std::string& line : SplitLines(text)) {
+        ++lineNo;
+        if (line.empty())
+            continue;
+        const std::vector<std::string> f = usda::SplitFields(line);
+        if (f.size() != 7)
+            throw usda::SourceError("earlier names line " + std::to_string(lineNo) + ": " + std::to_string(f.size()) +
+                                    " fields, expected 7");
+        EarlierRecord r;
+        try {
+            r.origin = RecordOrigin{f[0], static_cast<int>(usda::ParseScaled(f[1], 0)), usda::ParseScaled(f[2], 0)};
+        } catch (const usda::SourceError& e) {
+            throw usda::SourceError("earlier names line " + std::to_string(lineNo) + ": " + e.what());
+        }
+        r.names = FoodRecord{f[3], f[4], f[5], f[6], {}};
+        records.push_back(std::move(r));
+    }
+    return records;
+}
+
+std::vector<RenamedRecord> Renames(const Selection& selection, const std::vector<EarlierRecord>& earlier)
+{
+    auto key = [](const FoodRecord& r) { return std::tie(r.group, r.subgroup, r.description, r.measure); };
+    std::set<std::tuple<std::string, std::string, std::string, std::string>> names;
+    std::map<std::string, std::vector<std::size_t>> byFood;
+    for (std::size_t i = 0; i < selection.records.size(); ++i) {
+        names.insert(key(selection.records[i]));
+        byFood[selection.origins[i].ndbNo].push_back(i);
+    }
+    std::vector<RenamedRecord> renames;
+    for (const EarlierRecord& old : earlier) {
+        if (names.count(key(old.names)))
+            continue;
+        const auto food = byFood.find(old.origin.ndbNo);
+        if (food == byFood.end())
+            continue;  // gone: the list says so
+        // The same weight line, else the lightest measure at least as heavy
+        // (a quantity then only gets smaller, and stays one the quantity box
+        // takes), else the heaviest.
+        std::size_t best = food->second.front();
+        auto score = [&](std::size_t i) {
+            const RecordOrigin& o = selection.origins[i];
+            const bool heavier = o.gramsHundredths >= old.origin.gramsHundredths;
+            return std::make_tuple(o.seq == old.origin.seq ? 0 : 1, heavier ? 0 : 1,
+                                   heavier ? o.gramsHundredths : -o.gramsHundredths, i);
+        };
+        for (std::size_t i : food->second)
+            if (score(i) < score(best))
+                best = i;
+        const FoodRecord& to = selection.records[best];
+        if (to.group != old.names.group)
+            continue;
+        RenamedRecord rename{old.names, FoodRecord{to.group, to.subgroup, to.description, to.measure, {}},
+                          old.origin.gramsHundredths, selection.origins[best].gramsHundredths};
+        const std::int64_t common = std::gcd(rename.quantityNumerator, rename.quantityDenominator);
+        rename.quantityNumerator /= common;
+        rename.quantityDenominator /= common;
+        renames.push_back(std::move(rename));
+    }
+    std::sort(renames.begin(), renames.end(),
+              [&](const RenamedRecord& a, const RenamedRecord& b) { return key(a.from) < key(b.from); });
+    return renames;
+}
+
+namespace {
+
+std::string Literal(std::string_view text)
+{
+    std::string out = "\"";
+    for (char c : text) {
+        if (c == '"' || c == '\\')
+            out += '\\';
+        out += c;
+    }
+    return out + '"';
+}
+
+}  // namespace
+
+std::string RenamesSource(const std::vector<RenamedRecord>& renames)
+{
+    std::string out =
+        "// Made by platewell_makedb from data/source: the foods of the earlier\n"
+        "// delivered database that this one names otherwise, by their old texts.\n"
+        "// Do not edit; build the regenerate_database target.\n";
+    for (const RenamedRecord& r : renames) {
+        out += "{" + Literal(r.from.group) + ", " + Literal(r.from.subgroup) + ", " + Literal(r.from.description) +
+               ", " + Literal(r.from.measure) + ",\n " + Literal(r.to.subgroup) + ", " + Literal(r.to.description) +
+               ", " + Literal(r.to.measure) + ", " + std::to_string(r.quantityNumerator) + ", " +
+               std::to_string(r.quantityDenominator) + "},\n";
+    }
+    return out;
+}
+
+std::string NamesText(const Selection& selection)
+{
+    std::string out;
+    for (std::size_t i = 0; i < selection.records.size(); ++i) {
+        const FoodRecord& r = selection.records[i];
+        const RecordOrigin& o = selection.origins[i];
+        if (o.ndbNo.empty())
+            continue;
+        out += o.ndbNo + '^' + std::to_string(o.seq) + '^' + std::to_string(o.gramsHundredths) + '^' + r.group + '^' +
+               r.subgroup + '^' + r.description + '^' + r.measure + "\r\n";
+    }
+    return out;
 }
 
 }  // namespace pw::dbmaker

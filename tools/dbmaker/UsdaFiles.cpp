@@ -120,6 +120,8 @@ Source ReadSource(const std::string& folder)
         n.calcium = Field(abbrev, r, kCalcium, 2);
         n.sodium = Field(abbrev, r, kSodium, 2);
         n.cholesterol = Field(abbrev, r, kCholesterol, 2);
+        for (std::size_t field : {kProtein, kFat, kCarbs, kFiber, kCalcium, kSodium, kCholesterol})
+            n.complete = n.complete && !abbrev.rows[r][field].empty();
         source.nutrients[abbrev.rows[r][0]] = n;
     }
 

@@ -41,6 +41,10 @@ struct Nutrients {
     std::int64_t calcium = 0;
     std::int64_t sodium = 0;
     std::int64_t cholesterol = 0;
+    // False when USDA leaves one of the seven values the table keeps
+    // (protein, fat, carbohydrate, fiber, calcium, sodium, cholesterol)
+    // empty: it reads as 0, which the food may well not be.
+    bool complete = true;
 };
 
 // One line of WEIGHT.txt.
