@@ -12,4 +12,5 @@ list(APPEND VIEW_SOURCES
   src/core/views/ErrorGuard.cpp
   src/core/views/Seams.cpp
   src/core/views/Twips.cpp
+  src/core/views/SeriesChart.cpp
 )

@@ -141,6 +141,8 @@ void AppendTableText(const ReportTable& table, std::string& out)
         line(table.totals);
 }
 
+}  // namespace
+
 void AppendCsvField(const std::string& field, std::string& out)
 {
     if (field.find_first_of(",\"\r\n") == std::string::npos) {
@@ -166,8 +168,6 @@ void AppendCsvRow(const std::vector<std::string>& fields, std::string& out)
     out += kCrLf;
 }
 
-}  // namespace
-
 ChartData BuildChartData(const DailyValues& dailyValues, const NutrientValues& totals)
 {
     ChartData chart;
@@ -178,16 +178,10 @@ ChartData BuildChartData(const DailyValues& dailyValues, const NutrientValues& t
     return chart;
 }
 
-ReportDocument BuildAnalysisReport(const ReportSource& source)
+std::vector<std::string> PersonLines(const Profile& p, const DailyValues& dailyValues)
 {
-    const Profile& p = source.profile;
     const ProfileInputs& in = p.inputs;
     const bool english = in.measurement == kMeasurementEnglish;
-    ReportDocument report;
-    report.title = texts::kAnalysisReportTitle;
-    report.personName = in.name;
-    report.dateText = source.dateText;
-
     std::vector<std::string> person = {"Name: " + (in.name.empty() ? std::string(kNoEntry) : in.name)};
     if (p.valid)
         person.push_back("Age: " + std::to_string(p.age) + " years (born 19" + in.yob + ")");
@@ -195,11 +189,24 @@ ReportDocument BuildAnalysisReport(const ReportSource& source)
     person.push_back("Height: " + in.height + (english ? " inches" : " cm"));
     person.push_back("Weight: " + in.weight + (english ? " pounds" : " kg"));
     person.push_back("Lifestyle: " + Option(in.lifestyle, kLifestyleNames, kLifestyleOptions));
-    const bool analysed = p.valid && HaveDailyValues(source.dailyValues);
-    if (analysed) {
+    if (p.valid && HaveDailyValues(dailyValues)) {
         const BodyMassIndex bmi = ComputeBodyMassIndex(p.weightKilograms, p.heightCentimeters);
         person.push_back("BMI: " + std::to_string(bmi.rounded) + " (" + InterpretBodyMassIndex(bmi.rounded) + ")");
     }
+    return person;
+}
+
+ReportDocument BuildAnalysisReport(const ReportSource& source)
+{
+    const Profile& p = source.profile;
+    const ProfileInputs& in = p.inputs;
+    ReportDocument report;
+    report.title = texts::kAnalysisReportTitle;
+    report.personName = in.name;
+    report.dateText = source.dateText;
+
+    std::vector<std::string> person = PersonLines(p, source.dailyValues);
+    const bool analysed = p.valid && HaveDailyValues(source.dailyValues);
     report.blocks.push_back(Heading("Person"));
     report.blocks.push_back(Lines(std::move(person)));
 
@@ -284,7 +291,8 @@ std::string ReportText(const ReportDocument& report)
                 out += line + "\n";
             break;
         case BlockKind::Table: AppendTableText(block.table, out); break;
-        case BlockKind::Chart: break;
+        case BlockKind::Chart:
+        case BlockKind::Series: break;
         }
     }
     return out;

@@ -5,6 +5,7 @@
 // an image; ReportText writes it as plain text. Texts are Latin-1, like every
 // text of the model.
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,13 +59,27 @@ struct ChartData {
     bool operator==(const ChartData&) const = default;
 };
 
-enum class BlockKind { Heading, Lines, Table, Chart };
+// One nutrient over a period: a value per calendar day (none on a day not
+// logged, drawn as a gap), the daily value's line when there is one and the
+// period's average as a dashed line.
+struct SeriesData {
+    std::string name;  // "Sodium (mg)"
+    std::string firstDate, lastDate;
+    std::vector<std::optional<std::int64_t>> values;
+    std::optional<std::int64_t> dailyValue;
+    std::int64_t average = 0;
+
+    bool operator==(const SeriesData&) const = default;
+};
+
+enum class BlockKind { Heading, Lines, Table, Chart, Series };
 
 struct ReportBlock {
     BlockKind kind = BlockKind::Lines;
     std::vector<std::string> lines;  // Heading: its one line; Lines: the lines
     ReportTable table;
     ChartData chart;
+    SeriesData series;
 };
 
 struct ReportDocument {
@@ -92,6 +107,10 @@ extern const char* const kReportNutrientNames[kShownNutrients];
 // error.
 ChartData BuildChartData(const DailyValues& dailyValues, const NutrientValues& totals);
 
+// The person's lines of a report: name, age, sex, height, weight,
+// lifestyle, and the BMI with its reading when there are daily values.
+std::vector<std::string> PersonLines(const Profile& profile, const DailyValues& dailyValues);
+
 // The analysis: the person, BMI and its reading, the nutrients against their
 // daily values, the chart, and every food with its eight amounts and the
 // totals. Without a valid profile only the person's entries and the foods.
@@ -110,6 +129,11 @@ std::string ReportText(const ReportDocument& report);
 // a byte-order mark: a header row, one row per food with the quantity as
 // typed and the eight amounts, and a "Total" row.
 std::string FoodListCsv(const FoodList& list);
+
+// One comma-separated row (RFC 4180: a field with a comma, a quote or a
+// line break quoted, its quotes doubled), ended by CR LF, appended to out.
+void AppendCsvField(const std::string& field, std::string& out);
+void AppendCsvRow(const std::vector<std::string>& fields, std::string& out);
 
 // A name to propose for an exported file: the person's name (or "Platewell")
 // and the date, without characters a file name cannot hold.

@@ -8,6 +8,7 @@ list(APPEND VIEW_SOURCES
   src/shell/views/AboutBox.cpp
   src/shell/views/AppRunner.cpp
   src/shell/views/CommandLine.cpp
+  src/shell/views/DaysCommandLine.cpp
   src/shell/views/HelpWindow.cpp
   src/shell/views/Logo.cpp
   src/shell/views/MainWindow.cpp

@@ -31,6 +31,7 @@
 #include "core/LineFile.h"
 #include "fooddb/DataFile.h"
 #include "foodlist/views/FoodChooserPage.h"
+#include "days/views/DaysWindow.h"
 #include "shell/views/AboutBox.h"
 #include "shell/views/DesktopIntegration.h"
 #include "shell/HelpTopics.h"
@@ -209,6 +210,34 @@ private slots:
         QCOMPARE(Grid(w)->x(), TwipsToPx(60, dx));
         QCOMPARE(Grid(w)->y(), TwipsToPx(3540, dy));
 
+    }
+
+    // File > Analyse Days opens the days window beside the main window; its
+    // reports reach the same printer and preview as the day's.
+    void AnalyseDaysOpensTheDaysWindowWithTheDaysReports()
+    {
+        QStandardPaths::setTestModeEnabled(true);  // its last folder stays out of the user's settings
+        ProgramHarness program;
+        QVERIFY(Started(program));
+        MainWindow& w = *program.main;
+        auto* analyse = w.findChild<QAction*>("mnuAnalyseDays");
+        QVERIFY(analyse);
+        QCOMPARE(analyse->text(), QStringLiteral("Analyse &Days..."));
+        QCOMPARE(analyse->shortcut(), QKeySequence(QStringLiteral("Ctrl+D")));
+        analyse->trigger();
+        auto* days = w.findChild<QDialog*>("frmDays");
+        QVERIFY(days && days->isVisible() && !days->isModal());
+
+        program.folder.Write("2026-11-01.pwl", kAnnProfile + std::string("ITEM: 0 \t1\tBakery and Grains\tBread\tWhite\t1 slice\r\n"));
+        static_cast<DaysWindow*>(days)->AddPaths({QString::fromStdString(program.folder.File("2026-11-01.pwl"))});
+        days->findChild<QPushButton*>("btnDaysPrint")->click();
+        days->findChild<QPushButton*>("btnDaysPreview")->click();
+        QCOMPARE(program.fakes.printer.printed.size(), std::size_t(1));
+        QCOMPARE(program.fakes.printer.printed[0].title, std::string("Platewell - Period Report"));
+        QCOMPARE(program.fakes.printer.previewed.size(), std::size_t(1));
+        analyse->trigger();  // the same window again
+        QCOMPARE(w.findChildren<QDialog*>("frmDays").size(), 1);
+        days->close();
     }
 
     void FirstRunOffersTheTutorialAndClearsTheFlag()

@@ -63,6 +63,12 @@ public:
         saveRequests.push_back(request);
         return Next();
     }
+    // Several files: one answer with the paths on lines of their own.
+    std::optional<QStringList> OpenFiles(const FileDialogRequest& request) override
+    {
+        const std::optional<QString> answer = OpenFile(request);
+        return answer ? std::optional<QStringList>(answer->split(QLatin1Char('\n'))) : std::nullopt;
+    }
 
     std::deque<std::optional<QString>> answers;  // nothing = cancelled
     std::vector<FileDialogRequest> openRequests;

@@ -27,6 +27,7 @@
 
 #include "core/Text.h"
 #include "dialogs/views/AddFoodDialog.h"
+#include "days/views/DaysWindow.h"
 #include "dialogs/views/CopyFavoritesDialog.h"
 #include "dialogs/views/DatabaseCommands.h"
 #include "FakeSeams.h"
@@ -219,6 +220,45 @@ int main(int argc, char** argv)
         rich->reject();
     }
     Named<QTabWidget>(*main, "tabMain")->setCurrentIndex(1);
+
+    // Two weeks of saved lists, one day missed and a day of two files, in
+    // the days window with sodium chosen.
+    {
+        const QDir diary(program.filePath(QStringLiteral("diary")));
+        QDir().mkpath(diary.path());
+        const std::string profile =
+            "NAME:Ann Miller\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:138\r\nSEX: 0 \r\nLIFESTYLE: 2 \r\n";
+        for (int d = 1; d <= 14; ++d) {
+            if (d == 6)
+                continue;
+            std::string lines = profile;
+            int row = 0;
+            for (const auto& food : day) {
+                const int index = FindFood(table, food.group, food.subgroup, food.description, food.measure);
+                if (index < 0 || (row++ + d) % 4 == 0)
+                    continue;
+                const int times = 1 + (d * 7 + row) % 3;
+                lines += "ITEM: " + std::to_string(index) + " \t" + std::to_string(times) + "\t" + table.Group(index) +
+                         "\t" + table.Subgroup(index) + "\t" + table.Description(index) + "\t" + table.Measure(index) +
+                         "\r\n";
+            }
+            const QString name = QStringLiteral("2026-11-%1.pwl").arg(d, 2, 10, QLatin1Char('0'));
+            Write(diary.filePath(name), QByteArray::fromStdString(lines));
+        }
+        const int chips = FindFood(table, "Snacks", "Potato chips", "");
+        if (chips >= 0)
+            Write(diary.filePath(QStringLiteral("2026-11-09 evening.pwl")),
+                  QByteArray::fromStdString(profile + "ITEM: " + std::to_string(chips) + " \t2\t" + table.Group(chips) +
+                                            "\t" + table.Subgroup(chips) + "\t" + table.Description(chips) + "\t" +
+                                            table.Measure(chips) + "\r\n"));
+        DaysWindow days(table, seams, program.filePath(QStringLiteral("days.ini")));
+        days.resize(900, 640);
+        days.AddPaths({diary.path()});
+        Named<QComboBox>(days, "comDaysNutrient")->setCurrentIndex(kSodium);
+        days.show();
+        pictures.Save(&days, "days.png");
+        days.hide();
+    }
 
     // The search window with results and one of them picked.
     Named<QPushButton>(chooser, "btnNewItem")->click();

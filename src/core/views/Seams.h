@@ -2,6 +2,7 @@
 // Everything a test cannot click through goes through one of these small
 // interfaces; the program uses the real ones (RealSeams.h), tests the fakes.
 #include <QString>
+#include <QStringList>
 
 #include "core/HelpContexts.h"
 #include <functional>
@@ -46,6 +47,14 @@ public:
     // The chosen path, or nothing when the user cancelled.
     virtual std::optional<QString> OpenFile(const FileDialogRequest& request) = 0;
     virtual std::optional<QString> SaveFile(const FileDialogRequest& request) = 0;
+    // Several existing files chosen at once; by default the one of OpenFile.
+    virtual std::optional<QStringList> OpenFiles(const FileDialogRequest& request)
+    {
+        const std::optional<QString> one = OpenFile(request);
+        return one ? std::optional<QStringList>(QStringList{*one}) : std::nullopt;
+    }
+    // An existing folder; by default what OpenFile answers.
+    virtual std::optional<QString> ChooseFolder(const FileDialogRequest& request) { return OpenFile(request); }
 };
 
 

@@ -13,6 +13,7 @@
 #include "core/LineFile.h"
 #include "core/RunTimeError.h"
 #include "printing/views/NutrientChart.h"
+#include "core/views/SeriesChart.h"
 
 namespace pw {
 
@@ -84,7 +85,7 @@ struct TableGeometry {
     qreal totalsHeight = 0;
 };
 
-enum class ItemKind { Heading, Line, TableRow, Chart, Space };
+enum class ItemKind { Heading, Line, TableRow, Chart, Series, Space };
 
 struct Item {
     ItemKind kind = ItemKind::Line;
@@ -270,6 +271,9 @@ struct ReportLayout::Impl {
                 place({ItemKind::Space, index, 0, {}, 0, fmBody.height()});
                 place({ItemKind::Chart, index, 0, {}, 0, NutrientChartHeight(block.chart, body)});
                 break;
+            case BlockKind::Series:
+                place({ItemKind::Series, index, 0, {}, 0, fmBody.height() * 7.5});
+                break;
             case BlockKind::Table: {
                 const TableGeometry& g = tables[b];
                 const Item header{ItemKind::TableRow, index, -1, {}, 0, g.headerHeight};
@@ -384,6 +388,22 @@ struct ReportLayout::Impl {
                                    report.blocks[static_cast<std::size_t>(item.block)].chart, body);
                 break;
             }
+            case ItemKind::Series: {
+                const SeriesData& data = report.blocks[static_cast<std::size_t>(item.block)].series;
+                SeriesPicture picture;
+                picture.name = FromModel(data.name);
+                picture.firstDate = FromModel(data.firstDate);
+                picture.lastDate = FromModel(data.lastDate);
+                for (const auto& value : data.values)
+                    picture.values.push_back(value ? std::optional<double>(static_cast<double>(*value)) : std::nullopt);
+                if (data.dailyValue)
+                    picture.reference = static_cast<double>(*data.dailyValue);
+                picture.average = static_cast<double>(data.average);
+                PaintSeriesChart(painter, QRectF(0, item.y + fmBody.height() * 0.3, page.width(),
+                                                 item.height - fmBody.height() * 0.6),
+                                 picture, body);
+                break;
+            }
             case ItemKind::TableRow: PaintTableRow(painter, item); break;
             }
         }
@@ -417,6 +437,8 @@ ReportLayout::PageSummary ReportLayout::Summary(int page) const
     for (const Item& item : impl_->pages[static_cast<std::size_t>(page)]) {
         if (item.kind == ItemKind::Chart)
             summary.chart = true;
+        if (item.kind == ItemKind::Series)
+            ++summary.series;
         if (item.kind != ItemKind::TableRow)
             continue;
         if (item.block != lastBlock)

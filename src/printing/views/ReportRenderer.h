@@ -39,6 +39,7 @@ public:
         QString footer;
         std::vector<std::vector<int>> tableRows;
         bool chart = false;
+        int series = 0;  // the charts over days
     };
     PageSummary Summary(int page) const;
 

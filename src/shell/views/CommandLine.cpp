@@ -1,4 +1,5 @@
 #include "shell/views/CommandLine.h"
+#include "shell/views/DaysCommandLine.h"
 #include "shell/views/RichInCommandLine.h"
 #include "core/views/Widgets.h"
 #include "shell/ProgramFolder.h"
@@ -16,6 +17,7 @@
 #include "core/OutputTarget.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
+#include "days/DayFiles.h"
 #include "fooddb/DataFile.h"
 #include "printing/Report.h"
 #include "printing/views/ReportCommands.h"
@@ -25,6 +27,14 @@
 
 namespace pw {
 
+// Messages go to the terminal as UTF-8 with their CR LF made LF and every
+// control character from a file escaped.
+void PrintUtf8(const std::string& utf8)
+{
+    const std::string shown = TerminalText(utf8) + "\n";
+    std::fwrite(shown.data(), 1, shown.size(), stderr);
+}
+
 namespace {
 
 constexpr const char* kExportPdf = "export-pdf";
@@ -33,13 +43,6 @@ constexpr const char* kExportText = "export-text";
 constexpr int kFailed = 1;
 constexpr int kUsageError = 2;
 
-// Messages go to the terminal as UTF-8 with their CR LF made LF and every
-// control character from a file escaped.
-void PrintUtf8(const std::string& utf8)
-{
-    const std::string shown = TerminalText(utf8) + "\n";
-    std::fwrite(shown.data(), 1, shown.size(), stderr);
-}
 
 void PrintError(const QString& text) { PrintUtf8(text.toStdString()); }
 void PrintError(const std::string& latin1) { PrintUtf8(Latin1ToUtf8(latin1)); }
@@ -51,7 +54,8 @@ std::string ShownPath(const CommandLineRequest& request, const QString& path)
     return request.bytePaths ? PathBytes(request, path) : path.toStdString();
 }
 
-// The files of the program's folders that no report may replace.
+}  // namespace
+
 std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder)
 {
     std::vector<std::string> folders{programFolder};
@@ -63,9 +67,6 @@ std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder)
         folders.push_back(places.deliveredFolder);
     return ProgramOwnFiles(folders);
 }
-
-
-}  // namespace
 
 bool LoadFoodTable(const std::string& programFolder, FoodTable& table)
 {
@@ -96,7 +97,8 @@ QString HelpText(const QCommandLineParser& parser)
                           "       platewell --export-csv OUT.csv LIST.pwl\n"
                           "       platewell --export-text LIST.pwl\n"
                           "       platewell --rich-in NUTRIENT [--per-100-calories] [--group NAME]\n"
-                          "                 [--most | --least] [--top N]\n\n") +
+                          "                 [--most | --least] [--top N]\n") +
+           DaysUsageText() + QStringLiteral("\n") +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
@@ -130,6 +132,7 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
                        "Cholesterol and Sodium), --top N prints the first N."),
         QStringLiteral("NUTRIENT"));
     parser.addOptions({help, version, pdf, csv, text, richIn});
+    AddDaysOptions(parser);
     // Qt's own options reach the window untouched; the parser only has to
     // know them to find the list file among them.
     for (const char* name : {"platform", "display", "style", "stylesheet", "geometry", "qwindowgeometry",
@@ -154,11 +157,16 @@ CommandLineRequest ParseCommandLine(const QStringList& arguments)
         request.text = why + QStringLiteral("\nTry 'platewell --help' for more information.");
         return request;
     };
-    if (!parser.parse(arguments))
+    if (!parser.parse(arguments) && !IsDaysRequest(arguments))
         return fail(parser.errorText());
     if (parser.isSet(help)) {
         request.action = CommandAction::Help;
         request.text = HelpText(parser);
+        return request;
+    }
+    if (IsDaysRequest(arguments)) {
+        request.action = CommandAction::ExportDays;
+        request.arguments = arguments;
         return request;
     }
     if (parser.isSet(version)) {
@@ -203,6 +211,9 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     default: break;
     }
 
+    if (request.action == CommandAction::ExportDays)
+        return RunDaysRequest(request.arguments, programFolder, request.bytePaths);
+
     const std::string listPath = PathBytes(request, request.listFile);
     const std::string outputPath = PathBytes(request, request.output);
     OutputTarget target;
@@ -217,7 +228,17 @@ int RunCommandLineRequest(const CommandLineRequest& request, const std::string& 
     FoodTable table;
     if (!LoadFoodTable(programFolder, table))
         return kFailed;
+    // A file that cannot be read says why; one with neither a profile line
+    // nor an item is no list, although the window opens it as an empty one.
+    if (const std::string reason = UnreadableReason(listPath); !reason.empty()) {
+        PrintUtf8(ShownPath(request, request.listFile) + ": " + reason);
+        return kFailed;
+    }
     const AnalysisFileContent content = ReadAnalysisFile(listPath);
+    if (content.valid && content.settings.empty() && content.items.empty()) {
+        PrintUtf8(ShownPath(request, request.listFile) + Latin1ToUtf8(texts::kNotAnAnalysisFile));
+        return kFailed;
+    }
     const OpenedAnalysis opened = OpenAnalysis(content, table, QDate::currentDate().year());
     for (const auto& message : opened.messages)
         PrintError(message.first);

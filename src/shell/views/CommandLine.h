@@ -6,20 +6,25 @@
 //   platewell --export-csv OUT.csv LIST.pwl
 //   platewell --export-text LIST.pwl      (the analysis on standard output)
 //   platewell --rich-in NUTRIENT [...]   (the foods ranked by a nutrient)
+//   platewell --export-days-... (see DaysCommandLine.h)
 //   platewell --help | --version
 #include <QString>
 #include <QStringList>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "core/OutputTarget.h"
 
 namespace pw {
 
-enum class CommandAction { Window, ExportPdf, ExportCsv, ExportText, Help, Version, Error };
+enum class CommandAction { Window, ExportPdf, ExportCsv, ExportText, ExportDays, Help, Version, Error };
 
 struct CommandLineRequest {
     CommandAction action = CommandAction::Window;
     QString output;    // the file an export writes
     QString listFile;  // the list to open or export; empty for none
+    QStringList arguments;  // ExportDays: the whole command line, parsed by the period exports
     QString text;      // Help: the help text; Version: the version line; Error: what is wrong
     // The paths hold the command line's bytes as they were, one Latin-1
     // character a byte, so a name the file system holds in any encoding
@@ -34,6 +39,13 @@ class FoodTable;
 bool LoadFoodTable(const std::string& programFolder, FoodTable& table);
 // A path of the request as the file system's bytes.
 std::string PathBytes(const CommandLineRequest& request, const QString& path);
+
+// The files of the program's folders that no report may replace.
+std::vector<OwnFile> OwnFilesOfProgram(const std::string& programFolder);
+
+// A message on standard error: UTF-8, CR LF made LF, every control
+// character read from a file escaped.
+void PrintUtf8(const std::string& utf8);
 
 // arguments as the program got them, the program's own name first.
 CommandLineRequest ParseCommandLine(const QStringList& arguments);

@@ -5,6 +5,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QScreen>
+#include <QSettings>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDate>
@@ -27,6 +28,7 @@
 #include "printing/views/ReportCommands.h"
 #include "shell/ProgramFolder.h"
 #include "shell/views/AboutBox.h"
+#include "days/views/DaysWindow.h"
 #include "analysis/views/ProfilePage.h"
 #include "core/LineFile.h"
 #include "core/Text.h"
@@ -134,6 +136,9 @@ void MainWindow::BuildMenus()
     mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as P&DF...");
     mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Expor&t as CSV...");
     mnuFile->addSeparator();
+    mnuAnalyseDays = AddItem(mnuFile, "mnuAnalyseDays", "Analyse &Days...");
+    mnuAnalyseDays->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+    mnuFile->addSeparator();
     mnuExit = AddItem(mnuFile, "mnuExit", "E&xit");
     mnuOpen->setShortcut(QKeySequence::Open);
     mnuSave->setShortcut(QKeySequence::Save);
@@ -198,6 +203,7 @@ void MainWindow::BuildMenus()
     guarded(mnuPrintPreview, &MainWindow::mnuPrintPreview_Click);
     guarded(mnuExportPdf, &MainWindow::mnuExportPdf_Click);
     guarded(mnuExportCsv, &MainWindow::mnuExportCsv_Click);
+    guarded(mnuAnalyseDays, &MainWindow::mnuAnalyseDays_Click);
     guarded(mnuPlatewellWeb, &MainWindow::mnuPlatewellWeb_Click);
     guarded(mnuShowTip, &MainWindow::mnuShowTip_Click);
     guarded(mnuRememberWindowSize, &MainWindow::mnuRememberWindowSize_Click);
@@ -421,6 +427,8 @@ void MainWindow::SetViewMode(bool byDV)
     mnuViewByUnits->setChecked(!byDV);
     mnuViewByDV->setChecked(byDV);
     session_.settings.viewMode = byDV ? kViewDV : kViewUnits;
+    if (frmDays)
+        frmDays->SetViewByUnits(!byDV);
     ChangeView();
 }
 
@@ -566,6 +574,29 @@ void MainWindow::mnuExportCsv_Click()
 {
     const ReportSource source = CurrentReportSource();
     reports_->ExportCsv(session_.foodList, session_.profile.inputs.name, source.dateText);
+}
+
+// The days window is built once and kept; its last folder lives in its own
+// settings file beside the help window's (~/.config/Platewell/days.ini).
+void MainWindow::mnuAnalyseDays_Click()
+{
+    if (!frmDays) {
+        const QString settingsFile =
+            QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Platewell"), QStringLiteral("days"))
+                .fileName();
+        frmDays = new DaysWindow(session_.foodTable, seams_, settingsFile, this);
+        frmDays->SetViewByUnits(ViewByUnits());
+        connect(frmDays, &DaysWindow::printRequested, this,
+                [this](const ReportDocument& report) { guard_.Run([&] { reports_->PrintReport(report); }); });
+        connect(frmDays, &DaysWindow::previewRequested, this,
+                [this](const ReportDocument& report) { guard_.Run([&] { reports_->PreviewReport(report); }); });
+        connect(frmDays, &DaysWindow::pdfRequested, this,
+                [this](const ReportDocument& report) { guard_.Run([&] { reports_->ExportPdf(report); }); });
+        frmDays->OpenLastFolder();
+    }
+    frmDays->show();
+    frmDays->raise();
+    frmDays->activateWindow();
 }
 
 void MainWindow::mnuAbout_Click()

@@ -16,6 +16,7 @@ class QTableView;
 namespace pw {
 
 class AboutBox;
+class DaysWindow;
 class AnalysisFileCommands;
 class AnalysisPage;
 class DatabaseCommands;
@@ -88,6 +89,7 @@ private:
     void mnuPrintPreview_Click();
     void mnuExportPdf_Click();
     void mnuExportCsv_Click();
+    void mnuAnalyseDays_Click();
     ReportSource CurrentReportSource() const;
     // The chart follows the list's totals and the daily values.
     void RefreshChart();
@@ -125,6 +127,7 @@ private:
     NutrientChart* chartNutrients = nullptr;  // on the analysis tab
     AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
     AboutBox* aboutBox = nullptr;  // created on first use
+    DaysWindow* frmDays = nullptr;  // created on first use
     // The Database menu: the dialogs that change the food table, and deleting.
     DatabaseCommands* database = nullptr;
     // Opened by the chooser's Search button; created on first use and kept.
@@ -150,6 +153,7 @@ private:
     QAction* mnuPrintPreview = nullptr;
     QAction* mnuExportPdf = nullptr;
     QAction* mnuExportCsv = nullptr;
+    QAction* mnuAnalyseDays = nullptr;
     QAction* mnuExit = nullptr;
     QAction* mnuRichIn = nullptr;
     QAction* mnuAddCustomItem = nullptr;

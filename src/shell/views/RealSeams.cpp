@@ -105,6 +105,26 @@ std::optional<QString> SystemFileDialogs::OpenFile(const FileDialogRequest& r)
     return RunFileDialog(r, QFileDialog::AcceptOpen);
 }
 
+std::optional<QStringList> SystemFileDialogs::OpenFiles(const FileDialogRequest& r)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString(), StartPath(r), QtFilter(r.filter));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles();
+}
+
+std::optional<QString> SystemFileDialogs::ChooseFolder(const FileDialogRequest& r)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString(), r.initialFolder);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().first();
+}
+
 std::optional<QString> SystemFileDialogs::SaveFile(const FileDialogRequest& r)
 {
     return RunFileDialog(r, QFileDialog::AcceptSave);

@@ -25,6 +25,8 @@ class SystemFileDialogs : public FileDialogs {
 public:
     std::optional<QString> OpenFile(const FileDialogRequest& request) override;
     std::optional<QString> SaveFile(const FileDialogRequest& request) override;
+    std::optional<QStringList> OpenFiles(const FileDialogRequest& request) override;
+    std::optional<QString> ChooseFolder(const FileDialogRequest& request) override;
 };
 
 class HelpWindow;
