@@ -218,7 +218,7 @@ private slots:
     {
         QStandardPaths::setTestModeEnabled(true);  // its last folder stays out of the user's settings
         ProgramHarness program;
-        QVERIFY(Started(program));
+        StartOnSample(program);
         MainWindow& w = *program.main;
         auto* analyse = w.findChild<QAction*>("mnuAnalyseDays");
         QVERIFY(analyse);

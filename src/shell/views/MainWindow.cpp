@@ -133,7 +133,7 @@ void MainWindow::BuildMenus()
     mnuList = AddItem(mnuPrint, "mnuList", "Food &List");
     mnuPrintAnalysis = AddItem(mnuPrint, "mnuPrintAnalysis", "&Analysis Report");
     mnuPrintPreview = AddItem(mnuFile, "mnuPrintPreview", "Print Pre&view...");
-    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as P&DF...");
+    mnuExportPdf = AddItem(mnuFile, "mnuExportPdf", "Export as PD&F...");
     mnuExportCsv = AddItem(mnuFile, "mnuExportCsv", "Expor&t as CSV...");
     mnuFile->addSeparator();
     mnuAnalyseDays = AddItem(mnuFile, "mnuAnalyseDays", "Analyse &Days...");
