@@ -15,27 +15,30 @@
 
 namespace pw {
 
-FoodTableDialog::FoodTableDialog(FoodSession& session, Seams& seams, ErrorGuard* errorGuard, int helpContext,
-                                 QWidget* parent)
-    : QDialog(parent), guard(errorGuard), session_(session), seams_(seams), helpContext_(helpContext)
+OnceDialog::OnceDialog(const std::string& programFolder, Seams& seams, ErrorGuard* errorGuard, int helpContext,
+                       QWidget* parent)
+    : QDialog(parent), guard(errorGuard), seams_(seams), programFolder_(programFolder), helpContext_(helpContext)
 {
     // F1 opens the dialog's topic, as its Help button does.
     new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
 }
 
-void FoodTableDialog::reject()
+void OnceDialog::reject()
 {
     RunGuarded(guard, [this] { btnCancel_Click(); });
 }
 
-void FoodTableDialog::btnCancel_Click() { QDialog::reject(); }
+void OnceDialog::btnCancel_Click() { QDialog::reject(); }
 
-void FoodTableDialog::btnHelp_Click()
+void OnceDialog::btnHelp_Click() { OpenHelp(seams_.help, programFolder_, kHelpContext, helpContext_); }
+
+FoodTableDialog::FoodTableDialog(FoodSession& session, Seams& seams, ErrorGuard* guard, int helpContext,
+                                 QWidget* parent)
+    : OnceDialog(session.programFolder, seams, guard, helpContext, parent), session_(session)
 {
-    OpenHelp(seams_.help, session_.programFolder, kHelpContext, helpContext_);
 }
 
-void FoodTableDialog::showEvent(QShowEvent* event)
+void OnceDialog::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
     if (!event->spontaneous())

@@ -71,14 +71,14 @@ constexpr const char* kResultCaptions[3] = {"Primary Group", "Sub-group", "Descr
 }  // namespace
 
 SearchDialog::SearchDialog(const FoodSession& session, Seams& seams, ErrorGuard* errorGuard, QWidget* parent)
-    : QDialog(parent), guard(errorGuard), session_(session), seams_(seams)
+    : OnceDialog(session.programFolder, seams, errorGuard, kTopicSearch, parent), session_(session)
 {
     BuildControls();
     ConnectGuarded(btnSearch, &QPushButton::clicked, this, &SearchDialog::btnSearch_Click, guard);
     ConnectGuarded(btnNewSearch, &QPushButton::clicked, this, &SearchDialog::btnNewSearch_Click, guard);
     ConnectGuarded(btnAccept, &QPushButton::clicked, this, &SearchDialog::btnAccept_Click, guard);
-    ConnectGuarded(btnCancel, &QPushButton::clicked, this, &SearchDialog::btnCancel_Click, guard);
-    ConnectGuarded(btnHelp, &QPushButton::clicked, this, &SearchDialog::btnHelp_Click, guard);
+    ConnectGuarded(btnCancel, &QPushButton::clicked, this, [this] { btnCancel_Click(); }, guard);
+    ConnectGuarded(btnHelp, &QPushButton::clicked, this, [this] { btnHelp_Click(); }, guard);
     connect(gridSearch, &QTableWidget::currentCellChanged, this,
             [this](int row) { RunGuarded(guard, [this, row] { gridSearch_RowColChange(row); }); });
     // Text pasted or cut with the mouse follows the same rule as typing.
@@ -96,7 +96,6 @@ SearchDialog::SearchDialog(const FoodSession& session, Seams& seams, ErrorGuard*
     gridSearch->installEventFilter(this);
     // The grid is one stop of the Tab key; the arrow keys move inside it.
     gridSearch->setTabKeyNavigation(false);
-    new QShortcut(QKeySequence(Qt::Key_F1), this, this, [this] { RunGuarded(guard, [this] { btnHelp_Click(); }); });
     ResetSearch();
 }
 
@@ -280,17 +279,6 @@ void SearchDialog::btnCancel_Click()
     QDialog::reject();
 }
 
-void SearchDialog::reject()
-{
-    RunGuarded(guard, [this] { btnCancel_Click(); });
-}
-
-void SearchDialog::btnHelp_Click()
-{
-    OpenHelp(seams_.help, session_.programFolder, kHelpContext,
-                         kTopicSearch);
-}
-
 void SearchDialog::txtSearch_KeyUp() { btnSearch->setEnabled(!txtSearch->text().isEmpty()); }
 
 void SearchDialog::Form_Activate()
@@ -298,14 +286,6 @@ void SearchDialog::Form_Activate()
     ResetSearch();
     txtSearch->setEnabled(true);
     txtSearch->setFocus();
-}
-
-void SearchDialog::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    // Each opening, not a window manager's restore, starts empty.
-    if (!event->spontaneous())
-        RunGuarded(guard, [this] { Form_Activate(); });
 }
 
 void SearchDialog::resizeEvent(QResizeEvent* event)

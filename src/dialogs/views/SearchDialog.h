@@ -2,12 +2,12 @@
 // The search dialog: finds foods by a piece of text, lists them in a grid and
 // hands the chosen one to the food chooser. Created once, hidden rather than
 // destroyed, and empty again every time it is shown.
-#include <QDialog>
 #include <cstdint>
 #include <vector>
 
 #include "dialogs/Search.h"
 #include "core/views/Twips.h"
+#include "dialogs/views/FoodTableDialog.h"
 
 class QGroupBox;
 class QLabel;
@@ -21,7 +21,7 @@ class ErrorGuard;
 struct Seams;
 struct FoodSession;
 
-class SearchDialog : public QDialog {
+class SearchDialog : public OnceDialog {
     Q_OBJECT
 public:
     // guard: where run-time errors of the handlers go; the chooser that
@@ -37,12 +37,7 @@ signals:
     // Accept: the food at this FoodTable index, to be shown without a measure.
     void foodChosen(int index);
 
-public slots:
-    // Closing the window or Escape leave as Cancel does.
-    void reject() override;
-
 protected:
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -54,17 +49,14 @@ private:
     void gridSearch_RowColChange(int row);
     void btnAccept_Click();
     void btnNewSearch_Click();
-    void btnCancel_Click();
-    void btnHelp_Click();
+    void btnCancel_Click() override;
     void txtSearch_KeyUp();
-    void Form_Activate();
+    void Form_Activate() override;
     void Form_Resize();
     int DpiX() const;
     int DpiY() const;
 
-    ErrorGuard* const guard;  // where the handlers' run-time errors go
     const FoodSession& session_;
-    Seams& seams_;
     std::vector<SearchResult> results_;  // grid row k shows results_[k - 1]
     int selectedResult_ = 0;
     TwipsLength width_;
