@@ -1,14 +1,10 @@
 #include "analysis/views/AnalysisFileCommands.h"
 
 #include <QFile>
-#include <QLabel>
-#include <QTabWidget>
-#include <QWidget>
 
 #include "core/views/Widgets.h"
 #include "analysis/AnalysisFile.h"
 #include "analysis/AnalysisOpening.h"
-#include "analysis/views/AnalysisPage.h"
 #include "analysis/AnalysisTexts.h"
 #include "analysis/views/ProfilePage.h"
 #include "core/RunTimeError.h"
@@ -45,10 +41,9 @@ std::vector<ProfileSetting> SettingsOf(const ProfileInputs& inputs)
 
 }  // namespace
 
-AnalysisFileCommands::AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs,
-                                           ProfilePage& profilePage, AnalysisPage& analysisPage, QObject* parent)
-    : QObject(parent), session_(session), seams_(seams), window_(window), tabs_(tabs), profilePage_(profilePage),
-      analysisPage_(analysisPage)
+AnalysisFileCommands::AnalysisFileCommands(AnalysisSession& session, Seams& seams, ProfilePage& profilePage,
+                                           QObject* parent)
+    : QObject(parent), session_(session), seams_(seams), profilePage_(profilePage)
 {
 }
 
@@ -68,7 +63,7 @@ void AnalysisFileCommands::ShowListFile(const QString& file)
 {
     session_.currentListFile = ToNativePath(file);
     if (file.isEmpty())
-        window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle));
+        emit captionChanged(QString::fromLatin1(texts::kMainTitle));
     else
         SetCaption();
 }
@@ -82,8 +77,8 @@ bool AnalysisFileCommands::ListNeedsSaving() const
 
 void AnalysisFileCommands::SetCaption()
 {
-    window_.setWindowTitle(QString::fromLatin1(texts::kMainTitle) + QString::fromLatin1(texts::kCaptionFileSeparator) +
-                           FromNativePath(session_.currentListFile));
+    emit captionChanged(QString::fromLatin1(texts::kMainTitle) + QString::fromLatin1(texts::kCaptionFileSeparator) +
+                        FromNativePath(session_.currentListFile));
 }
 
 void AnalysisFileCommands::SaveGrid(bool atExit)
@@ -126,7 +121,7 @@ void AnalysisFileCommands::OpenListFile(const QString& path)
     // Emptying the profile closes the list's tabs for a moment; the page
     // the user opened the file from comes back once the profile read is
     // valid again.
-    const int page = tabs_.currentIndex();
+    emit openStarting();
     ClearData();
     std::vector<FoodListEntry> rows = ReadAnalysis(path);
     if (session_.ended)
@@ -134,8 +129,7 @@ void AnalysisFileCommands::OpenListFile(const QString& path)
     beforeOpen_ = before;
     afterOpen_ = Current();
     emit listRead(std::move(rows), FromNativePath(session_.currentListFile).section(QLatin1Char('/'), -1));
-    if (page >= 0 && tabs_.isTabEnabled(page))
-        tabs_.setCurrentIndex(page);
+    emit openFinished();
     SetCaption();
 }
 
@@ -196,7 +190,7 @@ void AnalysisFileCommands::ClearData()
                                 {ProfileField::Weight, {}}});
     // The emptied profile is invalid: the list's tab and the grid close.
     profilePage_.ValidateTab1Data();
-    analysisPage_.ClearPerson();
+    emit personCleared();
 }
 
 void AnalysisFileCommands::SaveGridQuery(const QString& title, bool atExit)

@@ -9,11 +9,8 @@
 #include "analysis/Profile.h"
 #include "foodlist/FoodList.h"
 
-class QTabWidget;
-
 namespace pw {
 
-class AnalysisPage;
 class ProfilePage;
 struct Seams;
 struct AnalysisSession;
@@ -28,12 +25,19 @@ signals:
     // The list is to be emptied, and the file it was saved as or opened
     // from forgotten.
     void clearListWanted(const QString& file);
+    // The main window's caption: the program's name, and the list file's
+    // path while there is one.
+    void captionChanged(const QString& caption);
+    // The profile was emptied: the person's age and BMI go too.
+    void personCleared();
+    // A list file is about to replace the profile and the list, and has
+    // replaced them (not sent when the program ended meanwhile).
+    void openStarting();
+    void openFinished();
 
 public:
-    // window is the main window, whose caption names the list file; tabs
-    // are its pages.
-    AnalysisFileCommands(AnalysisSession& session, Seams& seams, QWidget& window, QTabWidget& tabs, ProfilePage& profilePage,
-                         AnalysisPage& analysisPage, QObject* parent = nullptr);
+    // profilePage holds the profile the list file is saved and read with.
+    AnalysisFileCommands(AnalysisSession& session, Seams& seams, ProfilePage& profilePage, QObject* parent = nullptr);
 
     // Asks for a file and saves the analysis to it; Cancel changes nothing.
     // atExit: a failed write offers to try again.
@@ -83,10 +87,7 @@ private:
 
     AnalysisSession& session_;
     Seams& seams_;
-    QWidget& window_;
-    QTabWidget& tabs_;
     ProfilePage& profilePage_;
-    AnalysisPage& analysisPage_;
     // Before and after the last open, which an undo and a redo go back to.
     Opened beforeOpen_;
     Opened afterOpen_;

@@ -309,7 +309,15 @@ void MainWindow::BuildCentre()
 
     listGrid = new FoodListGrid(session_, seams_, guard_, *gridMain, *listModel, *chooserPage, this);
     connect(listModel, &FoodListModel::listChanged, this, [this] { guard_.Run([&] { OnListChanged(); }); });
-    listFile = new AnalysisFileCommands(session_, seams_, *this, *tabMain, *profilePage, *analysisPage, this);
+    listFile = new AnalysisFileCommands(session_, seams_, *profilePage, this);
+    connect(listFile, &AnalysisFileCommands::captionChanged, this, &QWidget::setWindowTitle);
+    connect(listFile, &AnalysisFileCommands::personCleared, analysisPage, &AnalysisPage::ClearPerson);
+    // The page a list was opened from comes back once the list is read.
+    connect(listFile, &AnalysisFileCommands::openStarting, this, [this] { pageBeforeOpen_ = tabMain->currentIndex(); });
+    connect(listFile, &AnalysisFileCommands::openFinished, this, [this] {
+        if (pageBeforeOpen_ >= 0 && tabMain->isTabEnabled(pageBeforeOpen_))
+            tabMain->setCurrentIndex(pageBeforeOpen_);
+    });
     connect(listFile, &AnalysisFileCommands::listRead, listModel, &FoodListModel::OpenList);
     connect(listFile, &AnalysisFileCommands::listWritten, listModel, &FoodListModel::MarkSaved);
     connect(listFile, &AnalysisFileCommands::clearListWanted, listModel, &FoodListModel::ClearList);

@@ -126,6 +126,7 @@ private:
     FoodListGrid* listGrid = nullptr;  // the list's rows in gridMain
     NutrientChart* chartNutrients = nullptr;  // on the analysis tab
     AnalysisFileCommands* listFile = nullptr;  // the list saved to and opened from its file
+    int pageBeforeOpen_ = -1;                  // the page a list file was opened from
     AboutBox* aboutBox = nullptr;  // created on first use
     DaysWindow* frmDays = nullptr;  // created on first use
     // The Database menu: the dialogs that change the food table, and deleting.
