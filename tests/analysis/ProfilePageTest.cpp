@@ -216,6 +216,8 @@ private slots:
         p.Type("txtHeight", "64");
         p.Type("txtWeight", "15");
         QCOMPARE(p.LastValidity(), kInvalid);  // one-digit year, 15 pounds
+        // Each key reads the profile once, by its change or by its release.
+        QCOMPARE(p.validated->size(), 7 + 1 + 2 + 2);
         p.Type("txtWeight", "0");
         QCOMPARE(p.LastValidity(), kInvalid);  // still the one-digit year
         p.Type("txtYOB", "2");

@@ -257,26 +257,44 @@ ProfileInputs ProfilePage::CurrentInputs() const
 
 void ProfilePage::ValidateTab1Data()
 {
-    const ProfileVerdict verdict = ValidateProfile(CurrentInputs(), seams_.clock.CurrentYear(), session_.profile);
+    const ProfileInputs inputs = CurrentInputs();
+    const int year = seams_.clock.CurrentYear();
+    validated_.emplace(inputs, year);
+    const ProfileVerdict verdict = ValidateProfile(inputs, year, session_.profile);
     if (verdict.underAge) {
         seams_.prompts.Message(std::string(texts::kInvalidAge), texts::kTitleInvalidAge, MsgIcon::Exclamation);
-        // Emptying the box runs its change handler, which validates again.
+        // Emptying the box runs its change handler, which validates the
+        // emptied profile and tells its outcome.
         txtYOB->clear();
         txtYOB->setFocus();
+        if (validated_ && validated_->first.yob.empty())
+            return;
+        ValidateTab1Data();
+        return;
     }
     btnSaveProfile->setEnabled(verdict.valid);
-    ShowGuidance();
+    ShowGuidanceOf(session_.profile);
     emit profileValidated(verdict.valid);
+}
+
+void ProfilePage::ValidateIfChanged()
+{
+    if (!validated_ || validated_->first != CurrentInputs() || validated_->second != seams_.clock.CurrentYear())
+        ValidateTab1Data();
 }
 
 void ProfilePage::ShowGuidance()
 {
-    // Worked out on a copy from the boxes as they are now, which may have
-    // been emptied since the last validation.
+    // Worked out on a copy from the boxes as they are now.
     Profile scratch = session_.profile;
     ValidateProfile(CurrentInputs(), seams_.clock.CurrentYear(), scratch);
+    ShowGuidanceOf(scratch);
+}
+
+void ProfilePage::ShowGuidanceOf(const Profile& profile)
+{
     QStringList missing;
-    for (const std::string& line : ProfileGuidance(scratch))
+    for (const std::string& line : ProfileGuidance(profile))
         missing << FromLatin1(line);
     labProfileGuide->setText(missing.join(QStringLiteral("; ")));
     labProfileGuide->setVisible(!missing.isEmpty());
@@ -324,7 +342,7 @@ void ProfilePage::txtName_KeyUp()
     // The test runs on UTF-8 so that a letter outside Latin-1 is not taken
     // for the "?" it would become in a file.
     if (IsLegalFileName(txtName->text().toUtf8().toStdString())) {
-        ValidateTab1Data();
+        ValidateIfChanged();
         return;
     }
     seams_.prompts.Beep();
@@ -343,7 +361,7 @@ void ProfilePage::txtName_KeyUp()
 void ProfilePage::NumericKeyUp(QLineEdit* box)
 {
     KeepNumbersOnly(*box, seams_.prompts);
-    ValidateTab1Data();
+    ValidateIfChanged();
 }
 
 void ProfilePage::txtYOB_KeyUp() { NumericKeyUp(txtYOB); }

@@ -1,4 +1,6 @@
 #pragma once
+#include <optional>
+#include <utility>
 #include <QString>
 #include <QWidget>
 #include <array>
@@ -80,8 +82,13 @@ private:
     void btnTab1Help_Click();
 
     void NumericKeyUp(QLineEdit* box);
-    // The guidance line from the last validation.
+    // A key's release validates only what its change has not validated
+    // already: a keystroke reads the profile once.
+    void ValidateIfChanged();
+    // The guidance line for the boxes as they are, and for a profile just
+    // validated from them.
     void ShowGuidance();
+    void ShowGuidanceOf(const Profile& profile);
     // Runs a validation from a change handler: while a file is being loaded a
     // run-time error is kept for the loader instead of escaping.
     void ValidateFromHandler();
@@ -94,6 +101,8 @@ private:
     Seams& seams_;
     bool loading_ = false;
     bool loadFailed_ = false;
+    // What the last validation read, and in which year.
+    std::optional<std::pair<ProfileInputs, int>> validated_;
 
     // The controls; each one's objectName is its member name (the option
     // arrays' buttons are "optSex0", "optSex1", ...).
