@@ -11,29 +11,11 @@
 #include "days/Period.h"
 #include "days/PeriodReport.h"
 
+#include "FuzzFoods.h"
+
 namespace {
 
-pw::FoodRecord Food(const char* group, const char* subgroup, const char* description, const char* measure,
-                    std::int32_t protein, std::int32_t carbs, std::int32_t fats, std::int32_t sodium)
-{
-    pw::FoodRecord r{group, subgroup, description, measure, {}};
-    r.values = {pw::ComputeCalories(protein, carbs, fats, 0), protein, carbs, fats, 31, 2, 200, sodium, 0};
-    return r;
-}
-
-const pw::FoodTable& Table()
-{
-    static const pw::FoodTable table = [] {
-        pw::FoodTable t;
-        t.Append(Food("A", "B", "C", "D", 1, 1, 1, 50000));
-        t.Append(Food("Bakery and Grains", "Bread", "White", "1 slice", 2, 13, 1, 170));
-        t.Append(Food("Dairy and Eggs", "Milk", "Whole", "1 cup", 8, 11, 8, 98));
-        t.Append(Food("Fruits", "Apples", "Raw, with skin", "1 medium", 0, 25, 0, 2));
-        t.Append(Food("Spices and Herbs", "Salt", "Table", "1 sack", 30000000, 30000000, 30000000, 2000000000));
-        return t;
-    }();
-    return table;
-}
+const pw::FoodTable& Table() { return pw::fuzz::SeedFoods(); }
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 
 #include "Fixtures.h"
 #include "TempFolder.h"
+#include "WindowTestSupport.h"
 #include "days/DayFiles.h"
 #include "days/PeriodReport.h"
 #include "fooddb/DataFile.h"
@@ -74,16 +75,7 @@ struct Program {
     QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
     std::tuple<int, QString, QString> Run(const QStringList& arguments) const
     {
-        QProcess process;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-            env.remove(QString::fromLatin1(name));
-        process.setProcessEnvironment(env);
-        process.start(File("platewell"), arguments);
-        if (!process.waitForFinished(60000))
-            return {-1, {}, QStringLiteral("did not finish")};
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+        return RunWithoutDisplay(File("platewell"), arguments);
     }
 };
 

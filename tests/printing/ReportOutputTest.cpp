@@ -113,19 +113,8 @@ struct Exports {
     // With shellArguments, /bin/sh runs them instead (the arguments unused).
     std::tuple<int, QString, QString> Run(const QStringList& arguments, const QStringList& shellArguments = {}) const
     {
-        QProcess process;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-            env.remove(QString::fromLatin1(name));
-        process.setProcessEnvironment(env);
-        if (shellArguments.isEmpty())
-            process.start(File("platewell"), arguments);
-        else
-            process.start(QStringLiteral("/bin/sh"), shellArguments);
-        if (!process.waitForFinished(60000))
-            return {-1, {}, QStringLiteral("did not finish")};
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+        return shellArguments.isEmpty() ? RunWithoutDisplay(File("platewell"), arguments)
+                                        : RunWithoutDisplay(QStringLiteral("/bin/sh"), shellArguments);
     }
 };
 

@@ -81,16 +81,7 @@ struct Shell {
     // The exit status, standard output and standard error, with no display.
     std::tuple<int, QString, QString> Run(const QStringList& arguments) const
     {
-        QProcess process;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-            env.remove(QString::fromLatin1(name));
-        process.setProcessEnvironment(env);
-        process.start(QString::fromStdString(folder.File("platewell")), arguments);
-        if (!process.waitForFinished(60000))
-            return {-1, {}, QStringLiteral("did not finish")};
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+        return RunWithoutDisplay(QString::fromStdString(folder.File("platewell")), arguments);
     }
 };
 

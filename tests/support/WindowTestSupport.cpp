@@ -1,5 +1,7 @@
 #include "WindowTestSupport.h"
 
+#include <QProcess>
+
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLabel>
@@ -118,6 +120,20 @@ std::vector<std::string> FolderWatch::Written()
         }
     }
     return names;
+}
+
+std::tuple<int, QString, QString> RunWithoutDisplay(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        env.remove(QString::fromLatin1(name));
+    process.setProcessEnvironment(env);
+    process.start(program, arguments);
+    if (!process.waitForFinished(60000))
+        return {-1, {}, QStringLiteral("did not finish")};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
 }
 
 }  // namespace pw::test

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "FakeSeams.h"
@@ -53,6 +54,11 @@ T& FindOnly(const QObject& root)
 // fit them: a label lower than its lines or narrower than a line, a button
 // narrower or lower than its caption.
 QStringList ClippedTexts(const QWidget& root);
+
+// program run with arguments and no display (no DISPLAY, WAYLAND_DISPLAY or
+// QT_QPA_PLATFORM): its exit status (-1 when it crashed or did not end in a
+// minute), standard output and standard error.
+std::tuple<int, QString, QString> RunWithoutDisplay(const QString& program, const QStringList& arguments);
 
 // The texts a combo box lists, in order.
 QStringList ComboItems(const QComboBox* combo);
