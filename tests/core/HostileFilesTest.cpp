@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -160,25 +159,7 @@ TEST(HostileFiles, OutputsNeverReplaceTheirInputTheProgramsFilesOrADevice)
                              CheckOutputTarget(folder.File("link.pwl"), {folder.File("day.pwl")}, own), "x"),
                  SaveError);
     EXPECT_EQ(folder.Read("day.pwl"), "list");
-
-    // Device nodes made here, never in /dev: written in place, never
-    // replaced by a file; a full device fails the write.
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "making device nodes needs root";
-    const std::string null = folder.File("null"), full = folder.File("full");
-    ASSERT_EQ(::mknod(null.c_str(), S_IFCHR | 0666, makedev(1, 3)), 0);
-    ASSERT_EQ(::mknod(full.c_str(), S_IFCHR | 0666, makedev(1, 7)), 0);
-    EXPECT_EQ(CheckOutputTarget(null, {}, own).kind, K::InPlace);
-    WriteOutput(null, CheckOutputTarget(null, {}, own), "report");
-    try {
-        WriteOutput(full, CheckOutputTarget(full, {}, own), "report");
-        ADD_FAILURE() << "a write to a full device succeeded";
-    } catch (const SaveError& error) {
-        EXPECT_EQ(error.Reason(), "No space left on device");
-    }
-    struct stat info {};
-    ASSERT_EQ(::stat(full.c_str(), &info), 0);
-    EXPECT_TRUE(S_ISCHR(info.st_mode));
+    // Devices and pipes written in place: the command line's process test.
 }
 
 TEST(HostileFiles, TerminalTextEscapesEveryControlAndEveryByteThatIsNotText)
