@@ -44,23 +44,9 @@ QStringList PdfPages(const QString& pdf, const QString& prefix)
     return pages;
 }
 
-// The share of the pixels in r darker than light grey.
-double DarkShare(const QImage& image, const QRect& r)
-{
-    int dark = 0, all = 0;
-    for (int y = r.top(); y <= r.bottom(); ++y)
-        for (int x = r.left(); x <= r.right(); ++x, ++all)
-            dark += qGray(image.pixel(x, y)) < 200;
-    return all ? double(dark) / all : 0.0;
-}
-
-struct Program {
-    TempFolder folder;
-    std::string data = DataFileBytes(SampleTable());
-    Program()
+struct Program : ProgramCopy {
+    Program() : ProgramCopy(PLATEWELL_EXE)
     {
-        std::filesystem::copy_file(PLATEWELL_EXE, folder.File("platewell"));
-        WriteProgramFolder(folder.Path(), data);
         std::filesystem::create_directories(folder.File("diary"));
         std::filesystem::create_directories(folder.File("broken"));
         const std::string milk = "ITEM: 6 \t1\tDairy and Eggs\tMilk\tWhole\t1 cup\r\n";
@@ -71,11 +57,6 @@ struct Program {
         folder.Write("diary/2026-11-05 oops.pwl", "A note, not a list\r\n");
         folder.Write("diary/notes.txt", kAnn + milk);  // not a list file's name: not in the folder's days
         folder.Write("broken/2026-11-02.pwl", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
-    }
-    QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
-    std::tuple<int, QString, QString> Run(const QStringList& arguments) const
-    {
-        return RunWithoutDisplay(File("platewell"), arguments);
     }
 };
 

@@ -86,35 +86,19 @@ std::set<QString> Words(const QString& text)
     return {words.begin(), words.end()};
 }
 
-// The share of the pixels in r darker than gray.
-double DarkShare(const QImage& image, const QRect& r, int gray)
-{
-    int dark = 0, all = 0;
-    for (int y = r.top(); y <= r.bottom(); ++y)
-        for (int x = r.left(); x <= r.right(); ++x, ++all)
-            dark += qGray(image.pixel(x, y)) < gray;
-    return all ? double(dark) / all : 0.0;
-}
-
 // The executable copied into a program folder of the sample table, run with
 // no display and no platform chosen.
-struct Exports {
-    TempFolder folder;
-    std::string data = DataFileBytes(SampleTable());
-    Exports()
+struct Exports : ProgramCopy {
+    Exports() : ProgramCopy(PLATEWELL_EXE)
     {
-        std::filesystem::copy_file(PLATEWELL_EXE, folder.File("platewell"));
-        WriteProgramFolder(folder.Path(), data);
         folder.Write("day.pwl", kDay);
         folder.Write("binary.pwl", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
     }
-    QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
-    // The exit status, standard output and standard error.
-    // With shellArguments, /bin/sh runs them instead (the arguments unused).
-    std::tuple<int, QString, QString> Run(const QStringList& arguments, const QStringList& shellArguments = {}) const
+    using ProgramCopy::Run;
+    // /bin/sh run with shellArguments (the first argument unused).
+    std::tuple<int, QString, QString> Run(const QStringList&, const QStringList& shellArguments) const
     {
-        return shellArguments.isEmpty() ? RunWithoutDisplay(File("platewell"), arguments)
-                                        : RunWithoutDisplay(QStringLiteral("/bin/sh"), shellArguments);
+        return RunWithoutDisplay(QStringLiteral("/bin/sh"), shellArguments);
     }
 };
 

@@ -70,19 +70,8 @@ struct Alone {
     QComboBox* nutrient = Find<QComboBox>(dialog, "comRichNutrient");
 };
 
-struct Shell {
-    TempFolder folder;
-    std::string data = DataFileBytes(SampleTable());
-    Shell()
-    {
-        std::filesystem::copy_file(PLATEWELL_EXE, folder.File("platewell"));
-        WriteProgramFolder(folder.Path(), data);
-    }
-    // The exit status, standard output and standard error, with no display.
-    std::tuple<int, QString, QString> Run(const QStringList& arguments) const
-    {
-        return RunWithoutDisplay(QString::fromStdString(folder.File("platewell")), arguments);
-    }
+struct Shell : ProgramCopy {
+    Shell() : ProgramCopy(PLATEWELL_EXE) {}
 };
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "WindowTestSupport.h"
 
 #include <QProcess>
+#include <filesystem>
+#include <QImage>
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -134,6 +136,21 @@ std::tuple<int, QString, QString> RunWithoutDisplay(const QString& program, cons
         return {-1, {}, QStringLiteral("did not finish")};
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+}
+
+ProgramCopy::ProgramCopy(const char* executable) : data(DataFileBytes(SampleTable()))
+{
+    std::filesystem::copy_file(executable, folder.File("platewell"));
+    WriteProgramFolder(folder.Path(), data);
+}
+
+double DarkShare(const QImage& image, const QRect& r, int gray)
+{
+    int dark = 0, all = 0;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x, ++all)
+            dark += qGray(image.pixel(x, y)) < gray;
+    return all ? double(dark) / all : 0.0;
 }
 
 }  // namespace pw::test

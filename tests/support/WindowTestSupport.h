@@ -18,6 +18,8 @@
 #include "shell/views/SplashWindow.h"
 
 class QComboBox;
+class QImage;
+class QRect;
 
 namespace pw::test {
 
@@ -59,6 +61,24 @@ QStringList ClippedTexts(const QWidget& root);
 // QT_QPA_PLATFORM): its exit status (-1 when it crashed or did not end in a
 // minute), standard output and standard error.
 std::tuple<int, QString, QString> RunWithoutDisplay(const QString& program, const QStringList& arguments);
+
+// The built program (executable) copied into a fresh program folder of the
+// sample table, run as a process without a display.
+struct ProgramCopy {
+    explicit ProgramCopy(const char* executable);
+    QString File(const char* name) const { return QString::fromStdString(folder.File(name)); }
+    // The exit status, standard output and standard error of the copy run
+    // with arguments.
+    std::tuple<int, QString, QString> Run(const QStringList& arguments) const
+    {
+        return RunWithoutDisplay(File("platewell"), arguments);
+    }
+    TempFolder folder;
+    std::string data;  // its data.dat
+};
+
+// The share of the pixels of r in image darker than gray.
+double DarkShare(const QImage& image, const QRect& r, int gray = 200);
 
 // The texts a combo box lists, in order.
 QStringList ComboItems(const QComboBox* combo);
