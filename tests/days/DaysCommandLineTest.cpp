@@ -21,15 +21,6 @@ namespace {
 
 constexpr const char* kAnn = "NAME:Ann Example\r\nYOB:62\r\nMEASUREMENT: 0 \r\nHEIGHT:64\r\nWEIGHT:150\r\nSEX: 0 \r\nLIFESTYLE: 0 \r\n";
 
-QString PdfText(const QString& path)
-{
-    QProcess process;
-    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), path, QStringLiteral("-")});
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return QStringLiteral("pdftotext failed");
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 // The pages of a PDF drawn at 50 dpi as PNG files named after prefix.
 QStringList PdfPages(const QString& pdf, const QString& prefix)
 {

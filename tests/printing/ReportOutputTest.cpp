@@ -71,15 +71,6 @@ struct LongDay {
     FoodList list;
 };
 
-QString PdfText(const QString& path)
-{
-    QProcess process;
-    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), path, QStringLiteral("-")});
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return QStringLiteral("pdftotext failed");
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 std::set<QString> Words(const QString& text)
 {
     const QStringList words = text.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
@@ -414,9 +405,11 @@ private slots:
             std::tie(status, out, err) = run.Run({option, run.File("null"), run.File("day.pwl")});
             QCOMPARE(status, 0);
         }
-        std::tie(status, out, err) = shell(QStringLiteral("./platewell --export-text day.pwl > full"));
-        QCOMPARE(status, 1);
-        QVERIFY2(err.endsWith(QStringLiteral("standard output: No space left on device\n")), qPrintable(err));
+        for (const char* command : {"./platewell --export-text day.pwl > full", "./platewell --rich-in fiber > full"}) {
+            std::tie(status, out, err) = shell(QString::fromLatin1(command));
+            QCOMPARE(status, 1);
+            QVERIFY2(err.endsWith(QStringLiteral("standard output: No space left on device\n")), qPrintable(err));
+        }
         struct stat info {};
         QVERIFY(::stat(run.folder.File("full").c_str(), &info) == 0 && S_ISCHR(info.st_mode));
     }

@@ -153,4 +153,13 @@ double DarkShare(const QImage& image, const QRect& r, int gray)
     return all ? double(dark) / all : 0.0;
 }
 
+QString PdfText(const QString& path)
+{
+    QProcess process;
+    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), path, QStringLiteral("-")});
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return QStringLiteral("pdftotext failed");
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
 }  // namespace pw::test

@@ -77,6 +77,9 @@ struct ProgramCopy {
     std::string data;  // its data.dat
 };
 
+// The text of a PDF file as pdftotext reads it.
+QString PdfText(const QString& path);
+
 // The share of the pixels of r in image darker than gray.
 double DarkShare(const QImage& image, const QRect& r, int gray = 200);
 

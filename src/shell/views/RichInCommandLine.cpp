@@ -1,11 +1,12 @@
 #include "shell/views/RichInCommandLine.h"
 
 #include <QCoreApplication>
-#include <cstdio>
+#include <unistd.h>
 #include <string>
 #include <vector>
 
-#include "core/Text.h"
+#include "core/LineFile.h"
+#include "core/RunTimeError.h"
 #include "fooddb/FoodTable.h"
 #include "richin/RichInCommand.h"
 #include "shell/ProgramFolder.h"
@@ -23,8 +24,7 @@ std::optional<int> RunRichInCommandLine(int& argc, char** argv)
     const RichInParse parse = ParseRichInArguments(arguments);
     if (!parse.command) {
         // The message repeats what was typed: escaped for the terminal.
-        const std::string shown = TerminalText(parse.message) + "\n";
-        std::fwrite(shown.data(), 1, shown.size(), stderr);
+        PrintUtf8(parse.message);
         return parse.status;
     }
     // No display: the program's folder is all the application is asked for.
@@ -32,9 +32,15 @@ std::optional<int> RunRichInCommandLine(int& argc, char** argv)
     FoodTable table;
     if (!LoadFoodTable(ProgramFolderToRead(QCoreApplication::applicationDirPath().toStdString()), table))
         return 1;
-    const std::string lines = RichInLines(table, *parse.command);
-    std::fwrite(lines.data(), 1, lines.size(), stdout);
-    return std::fflush(stdout) == 0 ? 0 : 1;
+    // Every byte checked: a full disk or a closed pipe is a failure, not a
+    // ranking cut short.
+    try {
+        WriteInPlace(STDOUT_FILENO, "standard output", RichInLines(table, *parse.command));
+    } catch (const SaveError& error) {
+        PrintUtf8("The ranking could not be written to standard output: " + error.Reason());
+        return 1;
+    }
+    return 0;
 }
 
 }  // namespace pw
