@@ -14,6 +14,7 @@
 #include "FakeSeams.h"
 #include "Fixtures.h"
 #include "TempFolder.h"
+#include "WindowTestSupport.h"
 #include "core/views/SeriesChart.h"
 #include "days/PeriodReport.h"
 #include "days/views/DaysWindow.h"
@@ -32,15 +33,6 @@ QString Text(const QTableWidget& grid, int row, int column)
 {
     const QTableWidgetItem* item = grid.item(row, column);
     return item ? item->text() : QString();
-}
-
-template <typename T>
-T* Named(const QObject& root, const char* name)
-{
-    T* found = root.findChild<T*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("no control %s", name);
-    return found;
 }
 
 }  // namespace
@@ -68,23 +60,23 @@ private slots:
         DaysWindow window(table, fakes.seams, settings);
         QCOMPARE(window.objectName(), QStringLiteral("frmDays"));
         QCOMPARE(window.windowTitle(), QStringLiteral("Platewell - Days"));
-        auto* grid = Named<QTableWidget>(window, "gridDays");
-        auto* period = Named<QLabel>(window, "labDaysPeriod");
+        auto* grid = Find<QTableWidget>(window, "gridDays");
+        auto* period = Find<QLabel>(window, "labDaysPeriod");
         QCOMPARE(grid->rowCount(), 0);
-        QVERIFY(!Named<QPushButton>(window, "btnDaysPdf")->isEnabled());
+        QVERIFY(!Find<QPushButton>(window, "btnDaysPdf")->isEnabled());
 
         fakes.files.answers.push_back(QString::fromStdString(folder.File("diary")));
-        Named<QPushButton>(window, "btnDaysAddFolder")->click();
+        Find<QPushButton>(window, "btnDaysAddFolder")->click();
         QCOMPARE(grid->rowCount(), 3 + 2);  // three days, the average and the days over
         QVERIFY(period->text().startsWith("3 days logged from 2026-11-01 to 2026-11-04 (4 calendar days)"));
         QCOMPARE(Text(*grid, 0, 1), QStringLiteral("2"));            // two files on the first day
         QCOMPARE(Text(*grid, 0, 3 + kSodium), QStringLiteral("608"));  // 98 + 3 x 170
         QCOMPARE(Text(*grid, 3, 0), QStringLiteral("Average"));
         QCOMPARE(Text(*grid, 4, 0), QStringLiteral("Days over DV"));
-        auto* lost = Named<QListWidget>(window, "lstDaysLostFoods");
+        auto* lost = Find<QListWidget>(window, "lstDaysLostFoods");
         QCOMPARE(lost->count(), 1);
         QCOMPARE(lost->item(0)->text(), QStringLiteral("Snacks/Chips/Potato/1 oz: 2026-11-01, 2026-11-03"));
-        auto* skipped = Named<QListWidget>(window, "lstDaysSkipped");
+        auto* skipped = Find<QListWidget>(window, "lstDaysSkipped");
         QCOMPARE(skipped->count(), 1);
         QVERIFY(skipped->item(0)->text().endsWith("2026-11-05 bad.pwl: is not a valid Platewell .pwl file"));
 
@@ -95,13 +87,13 @@ private slots:
         window.SetViewByUnits(true);
 
         // The chosen nutrient: its chart with a gap on 2026-11-02, its top foods.
-        Named<QComboBox>(window, "comDaysNutrient")->setCurrentIndex(kSodium);
-        const SeriesPicture& picture = Named<SeriesChart>(window, "chartDays")->Picture();
+        Find<QComboBox>(window, "comDaysNutrient")->setCurrentIndex(kSodium);
+        const SeriesPicture& picture = Find<SeriesChart>(window, "chartDays")->Picture();
         QCOMPARE(picture.name, QStringLiteral("Sodium (mg)"));
         QCOMPARE(picture.values.size(), std::size_t(4));
         QVERIFY(!picture.values[1].has_value());
         QCOMPARE(picture.reference.value_or(0), 2494.0);
-        auto* top = Named<QTableWidget>(window, "gridDaysTopFoods");
+        auto* top = Find<QTableWidget>(window, "gridDaysTopFoods");
         QCOMPARE(top->rowCount(), 2);
         QCOMPARE(Text(*top, 0, 0), QStringLiteral("1020"));
         QCOMPARE(Text(*top, 0, 2), QStringLiteral("Bakery and Grains / Bread / White (1 slice)"));
@@ -109,26 +101,26 @@ private slots:
         // Several files at once, from one dialog.
         fakes.files.answers.push_back(QString::fromStdString(folder.File("more/2026-11-08.pwl") + "\n" +
                                                              folder.File("more/2026-11-09.pwl")));
-        Named<QPushButton>(window, "btnDaysAddFiles")->click();
+        Find<QPushButton>(window, "btnDaysAddFiles")->click();
         QCOMPARE(window.CurrentPeriod().days.size(), std::size_t(5));
         QCOMPARE(fakes.files.openRequests.back().filter, QStringLiteral("Platewell analyses (*.pwl)|*.pwl"));
 
         // Removing the first day removes both of its files.
         grid->selectRow(0);
-        QVERIFY(Named<QPushButton>(window, "btnDaysRemove")->isEnabled());
-        Named<QPushButton>(window, "btnDaysRemove")->click();
+        QVERIFY(Find<QPushButton>(window, "btnDaysRemove")->isEnabled());
+        Find<QPushButton>(window, "btnDaysRemove")->click();
         QCOMPARE(window.CurrentPeriod().days.size(), std::size_t(4));
         QCOMPARE(DateText(window.CurrentPeriod().days.front().date), std::string("2026-11-03"));
 
         // The reports go out by signal; the CSVs are written by the window.
         QSignalSpy printed(&window, &DaysWindow::printRequested);
-        Named<QPushButton>(window, "btnDaysPrint")->click();
+        Find<QPushButton>(window, "btnDaysPrint")->click();
         QCOMPARE(printed.size(), 1);
         fakes.files.answers.push_back(QString::fromStdString(folder.File("days.csv")));
-        Named<QAction>(window, "mnuDaysCsvDays")->trigger();
+        Find<QAction>(window, "mnuDaysCsvDays")->trigger();
         QCOMPARE(folder.Read("days.csv"), PeriodDaysCsv(window.CurrentPeriod()));
         fakes.files.answers.push_back(QString::fromStdString(folder.File("no/foods.csv")));
-        Named<QAction>(window, "mnuDaysCsvFoods")->trigger();
+        Find<QAction>(window, "mnuDaysCsvFoods")->trigger();
         QCOMPARE(fakes.prompts.messages.size(), std::size_t(1));  // the failed write told, with its reason
         QVERIFY(fakes.prompts.messages[0].text.contains("No such file or directory"));
 

@@ -381,26 +381,6 @@ TEST(DeliveredDatabase, ScaledQuantitiesReadInTheQuantityBox)
         EXPECT_EQ(ScaledQuantityText(text, numerator, denominator), expected) << text;
 }
 
-TEST(DatabaseMaker, ValuesPerMeasureRoundHalfToEven)
-{
-    struct Case {
-        std::int64_t per100g;  // hundredths
-        std::int64_t grams;    // hundredths
-        std::int32_t expected;
-    };
-    const Case cases[] = {
-        {8111, 1420, 12},     // 81.11 x 14.2 / 100 = 11.518
-        {85, 1420, 0},        // 0.85 x 14.2 / 100 = 0.121
-        {250, 10000, 2},      // 2.5 exactly: down to even
-        {350, 10000, 4},      // 3.5 exactly: up to even
-        {125, 20000, 2},      // 1.25 x 200 / 100 = 2.5
-        {50000, 97600, 4880}, // 500 x 976 / 100
-        {0, 25000, 0},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::ValuePerMeasure(c.per100g, c.grams), c.expected) << c.per100g << " x " << c.grams;
-}
-
 TEST(DatabaseMaker, AlcoholOnlyForAlcoholicBeveragesAndNeverNegative)
 {
     usda::Nutrients beer;
@@ -416,83 +396,6 @@ TEST(DatabaseMaker, AlcoholOnlyForAlcoholicBeveragesAndNeverNegative)
     rootBeer.carbs = 1060;
     EXPECT_EQ(dbmaker::AlcoholNumeratorPer100g(rootBeer), 0);
     EXPECT_EQ(dbmaker::MeasureValues(rootBeer, 37000, true)[kAlcohol], 0);
-}
-
-TEST(DatabaseMaker, HouseholdMeasuresReadAsCooksWriteThem)
-{
-    struct Case {
-        std::int64_t amount;  // thousandths
-        const char* unit;
-        std::optional<std::string> expected;
-    };
-    const Case cases[] = {
-        {1000, "cup", "1 cup"}, {500, "cup", "1/2 cup"}, {333, "cup", "1/3 cup"}, {667, "cup", "2/3 cup"},
-        {670, "cup", "2/3 cup"}, {250, "tsp", "1/4 tsp"}, {750, "cup", "3/4 cup"}, {125, "cup", "1/8 cup"},
-        {83, "package", "1/12 package"}, {2500, "cups", "2-1/2 cups"}, {1250, "cup", "1-1/4 cup"},
-        {3000, "oz", "3 oz"},
-        {3527, "oz", std::nullopt},  // 100 g in ounces: no household amount
-        {1000, "cup (1 NLEA serving)", "1 cup"}, {1000, "oz ( 1 serving )", "1 oz"}, {1000, "serving (3 oz)", "3 oz"},
-        {1000, "serving ( 3 oz )", "3 oz"}, {1000, "serving 1/2 cup", "1/2 cup"},
-        {2000, "links 1 NLEA serving", "2 links"}, {1000, "NLEA serving", "1 serving (100 g)"},
-        {1000, "serving 9 servings per 24 oz package", "1 serving (100 g)"}, {1000, "small Serving", "1 small serving (100 g)"},
-        {1000, "box, single serving (.75 oz)", "1 box (0.75 oz)"}, {1000, "cookie (include Archway brand)", "1 cookie"},
-        {1000, "package, Little Debbie (twin wrapped)", "1 package (twin wrapped)"}, {1000, "Chiclets", std::nullopt},
-        {1000, "jigger 1.5 fl oz", "1 jigger (1.5 fl oz)"}, {1000, "item 5.923 oz", "1 item (5.923 oz)"},
-        {1000, "child cup 12 fl oz size cup", "1 child cup (12 fl oz)"}, {45000, "g", std::nullopt},
-        {1000, "cup medium 21 fl oz size", "1 medium cup (21 fl oz)"}, {1000, "8 oz container (8 oz)", "1 container (8 oz)"},
-        {1000, "Potato medium (2-1/4\" to 3-1/4\" dia)", "1 potato medium (2-1/4\" to 3-1/4\" dia)"},
-        {1000, "serving 2 TBSP", "2 tbsp"},
-        {1000, "chop, excluding refuse (yield from 1 raw chop, with refuse, weighing 151 g)", "1 chop"},
-        {1000, "patty ( yield from 1/4 lb raw meat )", "1 patty"},
-        {1000, "piece, cooked, excluding refuse (yield from 1 lb raw meat with refuse)", std::nullopt},
-        {1000, "unit (yield from 1 lb ready-to-cook chicken)", std::nullopt},
-        {500, "breast, bone removed", "1/2 breast, bone removed"},
-        {1000, "pat (1\" sq, 1/3\" high)", "1 pat (1\" sq, 1/3\" high)"}, {1000, "tablespoon", "1 tbsp"},
-        {4000, "teaspoon", "4 tsp"}, {1000, "fluid ounce", "1 fl oz"}, {1000, "tablespoonful", "1 tablespoonful"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::MeasureText(c.amount, c.unit, 10000), c.expected) << c.amount << " " << c.unit;
-}
-
-TEST(DatabaseMaker, ChoosesEverydayMeasuresOfDifferentUnitsFirst)
-{
-    struct Case {
-        std::vector<std::string> measures;
-        std::vector<std::size_t> expected;
-    };
-    const Case cases[] = {
-        // cheese: the slice, one cup form, then ounces before more cups
-        {{"1 cup, diced", "1 cup, melted", "1 cup, shredded", "1 oz", "1 cubic inch", "1 slice (1 oz)"}, {5, 0, 3}},
-        // eggs: the medium, the cup, then the large before odd sizes
-        {{"1 cup (4.86 large eggs)", "1 extra large", "1 jumbo", "1 large", "1 medium"}, {4, 0, 3}},
-        // bread: the standard slice before the large and thin ones
-        {{"1 cup, crumbs", "1 oz", "1 slice, large", "1 slice", "1 slice, thin"}, {3, 1, 0}},
-        // orange: the fruit, the cup, then a size
-        {{"1 cup, sections", "1 large (3-1/16\" dia)", "1 small", "1 fruit (2-5/8\" dia)"}, {3, 0, 1}},
-        // bulk measures last, but still taken when nothing else is there
-        {{"1 lb", "1 package (10 oz)", "1 cup"}, {2, 0, 1}},
-        {{"1 cup", "1 tbsp"}, {0, 1}},
-        {{}, {}},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::ChooseMeasures(c.measures, 3), c.expected);
-}
-
-TEST(DatabaseMaker, DescriptionsSplitIntoPartsOutsideParentheses)
-{
-    struct Case {
-        const char* text;
-        std::vector<std::string> parts;
-    };
-    const Case cases[] = {
-        {"Butter, salted", {"Butter", "salted"}},
-        {"Chickpeas (garbanzo beans, bengal gram), mature seeds, raw",
-         {"Chickpeas (garbanzo beans, bengal gram)", "mature seeds", "raw"}},
-        {"Beef,  round,bottom round ,  raw", {"Beef", "round", "bottom round", "raw"}},
-        {"Eggnog", {"Eggnog"}},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(dbmaker::SplitParts(c.text), c.parts) << c.text;
 }
 
 }  // namespace

@@ -291,26 +291,6 @@ private slots:
         }
     }
 
-    void AFileThatCannotBeWrittenAtExitIsAskedAboutAndTheRestIsSaved()
-    {
-        ProgramHarness program;
-        StartOnSample(program);
-        // pw.ini has become a folder: its save fails (the message's text is
-        // checked on the real program, end to end), and data.dat after it is
-        // still saved.
-        std::filesystem::remove(program.folder.File("pw.ini"));
-        std::filesystem::create_directory(program.folder.File("pw.ini"));
-        FolderWatch watch(program.folder.Path());
-        program.fakes.prompts.answers = {MsgResult::Retry, MsgResult::Cancel};
-        program.main->close();
-        const auto& said = program.fakes.prompts.messages;
-        QCOMPARE(said.size(), size_t(2));  // tried twice, then left without it
-        QVERIFY(said[1].text.contains("pw.ini") && said[1].buttons == MsgButtons::RetryCancel);
-        QVERIFY(program.main->EgressDone() && program.session.ended && !program.guard.Failed());
-        const std::vector<std::string> written = watch.Written();
-        QVERIFY(std::find(written.begin(), written.end(), "data.dat") != written.end());
-    }
-
     void WindowSizeFollowsTheSettings()
     {
         ProgramHarness program;
