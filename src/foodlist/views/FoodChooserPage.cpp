@@ -444,7 +444,8 @@ void FoodChooserPage::RecreateTiers(int index)
                 break;
             }
         }
-        // The selection is a choice at this tier, as a pick would be.
+        // The selection is a choice at this tier, as a pick would be: it
+        // fills the tier below.
         combo->setCurrentIndex(position);
         ProcessTier(tier);
         Stage().tierOpen[static_cast<std::size_t>(tier)] = true;
@@ -453,8 +454,6 @@ void FoodChooserPage::RecreateTiers(int index)
         // keeps an empty group) has nothing below it to show.
         if (position < 0)
             return;
-        if (tier < 3)
-            FillTier(tier + 1, position);
     }
 }
 
