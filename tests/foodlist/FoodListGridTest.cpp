@@ -409,6 +409,12 @@ private slots:
         for (const auto& [action, title] : commands)
             for (const auto& [rows, saved, deleted] : lists)
                 RunAfterOfferingToSave(action, title, rows, saved, deleted);
+        // At exit, a list that cannot be written is offered again.
+        Program p;
+        p.Add(kCheddar);
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        p.Run("mnuExit", "missing/day.pwl");
+        QCOMPARE(p.Messages().back().buttons, MsgButtons::RetryCancel);
     }
 
     // Each step taken back leaves the list, its grid, totals, chart and
