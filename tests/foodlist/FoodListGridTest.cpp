@@ -372,32 +372,6 @@ private slots:
         QCOMPARE(p.Messages().size(), size_t(2));
     }
 
-    // Where each food is found again is the list's own rule; the window
-    // tells the foods gone and the files that are no list.
-    void MissingFoodsAndBadFilesAreReported()
-    {
-        Program p;
-        p.h.folder.Write("day.pwl", "NAME:Bob\r\n" + kAnn.substr(10) +
-                                        "ITEM: 0 \t1\tDairy and Eggs\tCheese\tBrie\t1 oz\r\n"
-                                        "ITEM: 300 \t1\tVegetables\tPeas\tGreen, frozen\t1 cup\r\n");
-        p.Run("mnuOpen", "day.pwl");
-        QCOMPARE(p.Messages().size(), size_t(1));
-        QCOMPARE(Shown(p.Messages()[0]), Shown({"\"Dairy and Eggs/Cheese/Brie/1 oz\"\r\nis no longer in the database.  "
-                                                "It will not be imported.", "Open foodlist/analysis",
-                                                MsgIcon::Exclamation, MsgButtons::Ok}));
-        QVERIFY(p.list().Count() == 1 && p.Name() == "Bob");
-
-        p.h.folder.Write("profile.pwl", kAnn);
-        p.Run("mnuOpen", "profile.pwl");
-        QVERIFY(p.list().Count() == 0 && p.Name() == "Ann" && p.tabs().isTabEnabled(1));
-
-        p.h.folder.Write("random.pwl", std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\xB7\x01", 18));
-        p.Run("mnuOpen", "random.pwl");
-        QCOMPARE(p.Messages().size(), size_t(2));
-        QCOMPARE(Shown(p.Messages()[1]), Shown({p.Path("random.pwl") + "\r\nis not a valid Platewell\r\n.pwl file.",
-                                                "Error", MsgIcon::Critical, MsgButtons::Ok}));
-    }
-
     // Yes to the question saves the list, then the command goes on.
     void SaveIsOfferedOnlyForAnUnsavedList()
     {
