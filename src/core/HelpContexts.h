@@ -19,6 +19,7 @@ enum HelpTopicNumber : int {
     kTopicCopyToFavorites = 9,
     kTopicTechnicalSupport = 10,
     kTopicRichIn = 11,
+    kTopicDays = 12,
 };
 
 // Help commands of the help file interface.

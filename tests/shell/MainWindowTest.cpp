@@ -237,6 +237,14 @@ private slots:
         QCOMPARE(program.fakes.printer.previewed.size(), std::size_t(1));
         analyse->trigger();  // the same window again
         QCOMPARE(w.findChildren<QDialog*>("frmDays").size(), 1);
+        QCOMPARE(ClippedTexts(*days), QStringList());
+        // Its Help button and F1 while it is in front open its own topic.
+        days->findChild<QPushButton*>("btnDaysHelp")->click();
+        QApplication::setActiveWindow(days);
+        QTest::keyClick(days, Qt::Key_F1);
+        QCOMPARE(program.fakes.help.calls.size(), size_t(2));
+        for (const HelpCall& call : program.fakes.help.calls)
+            QVERIFY(call.command == kHelpContext && call.context == kTopicDays);
         days->close();
     }
 
@@ -484,8 +492,8 @@ private slots:
             QVERIFY2(!topic.title.empty(), std::to_string(topic.context).c_str());
         }
         // The main window's menus and tab buttons, the chooser, the search,
-        // add, dish, copy and rich-in windows open these.
-        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11})
+        // add, dish, copy, rich-in and days windows open these.
+        for (int wanted : {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12})
             QVERIFY2(std::find(contexts.begin(), contexts.end(), wanted) != contexts.end(),
                      std::to_string(wanted).c_str());
         QCOMPARE(std::set<int>(contexts.begin(), contexts.end()).size(), contexts.size());  // no topic twice

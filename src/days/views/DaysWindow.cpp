@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -77,6 +78,7 @@ DaysWindow::DaysWindow(const FoodTable& table, Seams& seams, QString settingsFil
                             ButtonDefault::Never);
     btnDaysCsv = MakeButton(this, "btnDaysCsv", "Export &CSV", "Saves the days or their foods as CSV",
                             ButtonDefault::Never);
+    btnDaysHelp = MakeButton(this, "btnDaysHelp", "&Help", "Opens the help on several days", ButtonDefault::Never);
     auto* csvMenu = new QMenu(btnDaysCsv);
     QAction* csvDays = csvMenu->addAction(QString::fromLatin1(texts::kDaysCsvDays));
     csvDays->setObjectName(QStringLiteral("mnuDaysCsvDays"));
@@ -107,7 +109,7 @@ DaysWindow::DaysWindow(const FoodTable& table, Seams& seams, QString settingsFil
     for (QPushButton* b : {btnDaysAddFiles, btnDaysAddFolder, btnDaysRemove})
         buttons->addWidget(b);
     buttons->addStretch();
-    for (QPushButton* b : {btnDaysPrint, btnDaysPreview, btnDaysPdf, btnDaysCsv})
+    for (QPushButton* b : {btnDaysPrint, btnDaysPreview, btnDaysPdf, btnDaysCsv, btnDaysHelp})
         buttons->addWidget(b);
 
     auto* nutrientRow = new QHBoxLayout;
@@ -143,6 +145,8 @@ DaysWindow::DaysWindow(const FoodTable& table, Seams& seams, QString settingsFil
     connect(btnDaysPrint, &QPushButton::clicked, this, [this] { emit printRequested(PeriodReport()); });
     connect(btnDaysPreview, &QPushButton::clicked, this, [this] { emit previewRequested(PeriodReport()); });
     connect(btnDaysPdf, &QPushButton::clicked, this, [this] { emit pdfRequested(PeriodReport()); });
+    connect(btnDaysHelp, &QPushButton::clicked, this, &DaysWindow::helpRequested);
+    new QShortcut(QKeySequence(Qt::Key_F1), this, this, &DaysWindow::helpRequested);
     connect(csvDays, &QAction::triggered, this, [this] { ExportCsv(false); });
     connect(csvFoods, &QAction::triggered, this, [this] { ExportCsv(true); });
     connect(comDaysNutrient, &QComboBox::currentIndexChanged, this, &DaysWindow::ShowNutrient);

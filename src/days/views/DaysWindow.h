@@ -60,6 +60,8 @@ signals:
     void printRequested(const pw::ReportDocument& report);
     void previewRequested(const pw::ReportDocument& report);
     void pdfRequested(const pw::ReportDocument& report);
+    // Help on several days: its button or F1 while the window is in front.
+    void helpRequested();
 
 private:
     void btnDaysAddFiles_Click();
@@ -85,6 +87,7 @@ private:
     QPushButton* btnDaysPreview;
     QPushButton* btnDaysPdf;
     QPushButton* btnDaysCsv;
+    QPushButton* btnDaysHelp;
     QLabel* labDaysPeriod;
     QTableWidget* gridDays;
     QComboBox* comDaysNutrient;

@@ -600,6 +600,7 @@ void MainWindow::mnuAnalyseDays_Click()
                 [this](const ReportDocument& report) { guard_.Run([&] { reports_->PreviewReport(report); }); });
         connect(frmDays, &DaysWindow::pdfRequested, this,
                 [this](const ReportDocument& report) { guard_.Run([&] { reports_->ExportPdf(report); }); });
+        connect(frmDays, &DaysWindow::helpRequested, this, [this] { ShowHelpTopic(kHelpContext, kTopicDays); });
         frmDays->OpenLastFolder();
     }
     frmDays->show();
