@@ -171,9 +171,6 @@ std::vector<FoodListEntry> AnalysisFileCommands::ReadAnalysis(const QString& pat
             if (!session_.ended)
                 seams_.prompts.Message(text, texts::kTitleOpenList, MsgIcon::Exclamation);
         });
-        // A valid profile brings the summary and the grid up to date.
-        if (valid)
-            profilePage_.ValidateTab1Data();
     } catch (const RunTimeError&) {
         valid = false;
     }
