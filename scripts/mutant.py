@@ -32,7 +32,7 @@ def run_test(key):
     """True when the test fails, None when the executable has no such test."""
     exe, test = key.split("__", 1)
     args = [f"--gtest_filter={test}"] if "." in test else [test]
-    done = subprocess.run([os.path.join(BUILD, "tests", exe)] + args, capture_output=True, text=True,
+    done = subprocess.run([os.path.join(BUILD, "tests", exe)] + args, capture_output=True, text=True, errors="replace",
                           env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), timeout=900)
     said = done.stdout + done.stderr
     if "Unknown test function" in said or "Running 0 tests" in said:
@@ -64,7 +64,7 @@ def main():
             f.write("\n".join(lines))
         # Only what runs: the test executables and the program they start.
         targets = sorted({"tests/" + key.split("__", 1)[0] for key in tests} | {"platewell"})
-        build = subprocess.run(["ninja", "-C", BUILD] + targets, capture_output=True, text=True)
+        build = subprocess.run(["ninja", "-C", BUILD] + targets, capture_output=True, text=True, errors="replace")
         if build.returncode != 0:
             sys.exit("the mutant does not build:\n" + build.stdout[-3000:])
         for key in tests:

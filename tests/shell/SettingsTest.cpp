@@ -116,19 +116,5 @@ TEST(Settings, ReaderRules)
     EXPECT_EQ(test::ErrorKindOf([] { Read("COLUMN00:3000000000\r\n"); }), ErrorKind::Overflow);
 }
 
-TEST(Settings, MissingFileIsWrittenFromTheCurrentValues)
-{
-    test::TempFolder folder;
-    Settings s;
-    s.currentTip = 5;
-    ReadSettings(folder.Path(), s);
-    ASSERT_TRUE(folder.Exists("pw.ini"));
-    EXPECT_EQ(folder.Read("pw.ini"), WriteSettingsText(s));
-
-    folder.Write("pw.ini", "CURRENT TIP:9\r\n");
-    ReadSettings(folder.Path(), s);
-    EXPECT_EQ(s.currentTip, 9);
-}
-
 }  // namespace
 }  // namespace pw
