@@ -1,6 +1,7 @@
 // The food list on the whole program: rows added, changed and deleted
 // through the chooser, the totals, and the list saved to and opened from a
 // file.
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
@@ -42,7 +43,13 @@ const QStringList kCheddarCells = {" 1", "1 oz", "Dairy and Eggs", "Cheese", "Ch
 const std::string& kAnn = kAnnProfile;
 
 struct Program {
-    Program() { h.StartOn(DataFileBytes(SampleTable())); }
+    // Qt's model checker watches every change the grid's model tells.
+    Program()
+    {
+        h.StartOn(DataFileBytes(SampleTable()));
+        checker = std::make_unique<QAbstractItemModelTester>(grid().model(),
+                                                             QAbstractItemModelTester::FailureReportingMode::QtTest);
+    }
     FoodChooserPage& page() const { return FindOnly<FoodChooserPage>(*h.main); }
     QTableView& grid() const { return *Find<QTableView>(*h.main, QStringLiteral("gridMain")); }
     int GridRows() const { return grid().model()->rowCount(); }
@@ -133,6 +140,7 @@ struct Program {
     }
 
     ProgramHarness h;
+    std::unique_ptr<QAbstractItemModelTester> checker;
 };
 
 QStringList Suffixed(const QStringList& numbers, const char* suffix)

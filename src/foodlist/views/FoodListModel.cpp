@@ -80,15 +80,12 @@ void FoodListModel::SetViewByUnits(bool byUnits)
 
 void FoodListModel::OpAppend(FoodListEntry entry)
 {
-    const int rows = rowCount();
-    const int wanted = list_.Count() + 2;  // the new entry and the empty row
-    if (wanted > rows)
-        beginInsertRows({}, rows, wanted - 1);
+    // The new entry goes in above the empty row, which comes with it when
+    // the list had none.
+    const int first = list_.Count();
+    beginInsertRows({}, first, list_.blankRowBelow ? first : first + 1);
     list_.Append(std::move(entry));
-    if (wanted > rows)
-        endInsertRows();
-    const int row = list_.Count() - 1;
-    emit dataChanged(index(row, 0), index(row, kGridColumns - 1));
+    endInsertRows();
 }
 
 void FoodListModel::OpRemove(int row, bool blankRowAfter)
