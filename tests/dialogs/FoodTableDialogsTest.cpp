@@ -360,6 +360,14 @@ private slots:
         remove->trigger();
         const int listed = p.h.session.foodList.Entry(1).foodIndex;
         QCOMPARE(p.table().Description(listed) + "/" + p.table().Measure(listed), std::string("Salted/1 pat"));
+        // So does a row that Undo puts back after a food before it went.
+        p.Menu("mnuClearList")->trigger();
+        ChooseFood(p.page(), {"Bakery and Grains", "Bread", "White", "1 slice"});
+        p.h.fakes.prompts.answers = {MsgResult::Yes};
+        remove->trigger();
+        p.Menu("mnuUndo")->trigger();
+        const int back = p.h.session.foodList.Entry(1).foodIndex;
+        QCOMPARE(p.table().Description(back) + "/" + p.table().Measure(back), std::string("Salted/1 pat"));
     }
 };
 
