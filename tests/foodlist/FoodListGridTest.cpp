@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
@@ -179,7 +180,9 @@ private slots:
         FoodListEntry cheddar = p.list().Entry(2);
         cheddar.percents[kFiber] = 999;
         p.list().Replace(2, cheddar);
+        QSignalSpy told(p.grid().model(), &QAbstractItemModel::dataChanged);  // views repaint what is told
         p.Run("mnuViewByDV");
+        QCOMPARE(told.size(), 1);
         QCOMPARE(p.Cells(1),
                  WithNutrients(kButterCells, Suffixed({"16", "0", "0", "54", "31", "0", "1", "10"}, "%DV")));
         QCOMPARE(p.Cells(2),
@@ -235,7 +238,9 @@ private slots:
 
         p.ClickRow(1);
         p.EnterQuantity(QStringLiteral("1"));
+        QSignalSpy told(p.grid().model(), &QAbstractItemModel::dataChanged);
         p.W("btnAcceptItem")->click();
+        QCOMPARE(told.size(), 1);
         QCOMPARE(p.list().Count(), 2);
         QCOMPARE(p.GridRows(), 3);
         QCOMPARE(p.Cells(1), WithNutrients({"1", "1 tbsp", "Dairy and Eggs", "Butter", "Salted"},
