@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <optional>
 
 #include "Fixtures.h"
 #include "analysis/DailyValues.h"

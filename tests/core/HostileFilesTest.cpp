@@ -2,7 +2,6 @@
 // reading and writing: bounded reads, links, outputs, terminal text.
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -307,9 +307,7 @@ private slots:
             table.Append(Food("Vegetables", "Zucchini " + std::to_string(10 + n / 100),
                               "Cut " + std::to_string(100 + n % 100), "1 cup", 1, 4, 0));
         Program p(table);
-        const QString full = QStringLiteral("No room in database|4|0|The database has reached its maximum size "
-                                            "(4,000 items).\r\nIf you need to add additional items, you will need "
-                                            "to\r\ndelete unwanted items.\r\n");
+        const QString full = QStringLiteral("No room in database|4|0|") + texts::kDatabaseMaxedOut;
         ChooseFood(p.page(), kCheddar);
         p.Menu("mnuAddCustomItem")->trigger();
         p.Menu("mnuCopyToFavorites")->trigger();
@@ -335,9 +333,7 @@ private slots:
         ChooseFood(p.page(), kButter);  // the other measure of the listed butter
         remove->trigger();
         QCOMPARE(Said(p.h.fakes.prompts),
-                 QStringList(QStringLiteral("Delete from Database|3|0|You are using this food in your list\r\nof "
-                                            "foods, as displayed in the grid.\r\n\r\nYou cannot delete this food "
-                                            "from the\r\ndatabase until you remove it from the\r\ngrid.")));
+                 QStringList(QStringLiteral("Delete from Database|3|0|") + texts::kDeleteFoodInUse));
         QVERIFY(!remove->isEnabled() && p.table().Count() == 12);
 
         ChooseFood(p.page(), {"Fruits", "Apples", "Raw, with skin", "1 medium"});

@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <tuple>

@@ -8,6 +8,7 @@
 #include "Fixtures.h"
 #include "TempFolder.h"
 #include "WindowTestSupport.h"
+#include "foodlist/ChooserTexts.h"
 #include "foodlist/views/FoodChooserPage.h"
 #include "foodlist/FoodSession.h"
 
@@ -16,18 +17,9 @@ using namespace pw::test;
 
 namespace {
 
-const QString kInputError = QStringLiteral(
-    "Enter only numbers, decimals, or fractions\r\n"
-    "in the quantity box.\r\n"
-    "\r\n"
-    "Enter compound fractions with a dash (\"-\")\r\n"
-    "between the whole number and the fraction.\r\n"
-    "For example, enter \"two-and-a-half\" as \"2-1/2\"");
-const QString kLimit = QStringLiteral("Please enter a number less than 100");
-const QString kCategoryEmpty = QStringLiteral(
-    "There are no items in this category\r\nbecause you have not yet added\r\nanything to this category.\r\n\r\n"
-    "Adding your favorite foods, dishes\r\nand meals to the Favorites category\r\n"
-    "is the most useful part of this program.\r\n\r\nWould you like help with this feature now?\r\n");
+const QString kInputError = QString::fromLatin1(texts::kQuantityInputError);
+const QString kLimit = QString::fromLatin1(texts::kQuantityLimit);
+const QString kCategoryEmpty = QString::fromLatin1(texts::kCategoryEmpty);
 
 // The sample table with a food in Favorites beside its empty subgroup, a
 // food of 5 g protein and a second, empty group.

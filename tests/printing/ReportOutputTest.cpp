@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QDate>
 #include <QFontMetricsF>
-#include <QLabel>
 #include <QTabWidget>
 #include <QProcess>
 #include <QRegularExpression>

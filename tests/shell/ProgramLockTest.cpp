@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sys/stat.h>
 
 #include "TempFolder.h"
 #include "core/LineFile.h"

@@ -5,10 +5,8 @@
 #include <QImage>
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <fcntl.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
