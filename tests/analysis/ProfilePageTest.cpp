@@ -133,8 +133,9 @@ private slots:
         QVERIFY(!Find(w, "btnSaveProfile")->isEnabled());
         for (const QWidget* control : AnalysisControls(w))
             QVERIFY2(!control->isEnabled(), qPrintable(control->objectName()));
-        // Both fit the tab page of the main window.
-        for (QWidget* page : std::initializer_list<QWidget*>{&FindOnly<ProfilePage>(w), &FindOnly<AnalysisPage>(w)}) {
+        // The pages fit the tab page of the main window.
+        for (QWidget* page : std::initializer_list<QWidget*>{&FindOnly<ProfilePage>(w), &FindOnly<AnalysisPage>(w),
+                                                             &FindOnly<FoodChooserPage>(w)}) {
             const QSize size = page->minimumSizeHint();
             QVERIFY2(size.width() <= 500 && size.height() <= 205,
                      qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
@@ -210,6 +211,15 @@ private slots:
         QCOMPARE(p.fakes.help.calls.size(), size_t(1));
         const HelpCall& help = p.fakes.help.calls[0];
         QVERIFY(help.file == Q(p.folder.File("pw.hlp")) && help.command == kHelpContext && help.context == 2);
+
+        // A key that leaves no number empties its box with the message; a
+        // key on an empty box says nothing.
+        for (const char* box : {"txtYOB", "txtHeight", "txtWeight"})
+            p.Type(box, "1x");
+        QTest::keyClick(p.Box("txtWeight"), Qt::Key_Backspace);
+        QCOMPARE(p.Entries(), QStringList({"", "", "", ""}));
+        QCOMPARE(p.Messages().size(), size_t(3));
+        QCOMPARE(Shown(p.Messages()[2]), Shown({kNumbersOnly, "Error", MsgIcon::Exclamation, MsgButtons::Ok}));
     }
 
     void SwitchingUnitsShowsTheStoredValuesRounded()
@@ -235,35 +245,6 @@ private slots:
         QVERIFY(qAbs(p.session.profile.weightPounds - 68.0f * 2.203f) < 0.01f);
         QCOMPARE(p.session.profile.heightCentimeters, 163.0f);
         QCOMPARE(p.LastValidity(), kValid);
-    }
-
-    void NonNumericKeysEmptyTheBox()
-    {
-        // The box, what is typed, the messages it brings and what is left.
-        const std::tuple<const char*, QString, int, QString> cases[] = {
-            {"txtHeight", "a", 1, ""},            // a letter
-            {"txtWeight", "12x", 1, ""},          // a letter after digits
-            {"txtYOB", "a", 1, ""},               // the year too
-            {"txtHeight", "-", 1, ""},            // a lone sign
-            {"txtWeight", "150.5", 0, "150.5"},   // decimals
-            {"txtHeight", "5.", 0, "5."},         // a trailing point
-            {"txtWeight", "15 ", 0, "15 "},       // a blank after digits
-            {"txtWeight", "1e", 1, ""},           // an exponent not yet complete
-            {"txtName", "Ann", 0, "Ann"},         // the name takes letters
-        };
-        for (const auto& [box, typed, messages, left] : cases) {
-            Page p;
-            p.Type(box, typed);
-            QCOMPARE(int(p.Messages().size()), messages);
-            for (const RecordedMessage& m : p.Messages())
-                QCOMPARE(Shown(m), Shown({kNumbersOnly, "Error", MsgIcon::Exclamation, MsgButtons::Ok}));
-            QCOMPARE(p.Text(box), left);
-
-            // Keys on an empty box say nothing.
-            p.Box(box)->clear();
-            QTest::keyClick(p.Box(box), Qt::Key_Backspace);
-            QCOMPARE(int(p.Messages().size()), messages);
-        }
     }
 
     void IllegalNameCharactersAreRemovedWithTheMessage()

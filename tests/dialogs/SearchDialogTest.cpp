@@ -199,8 +199,9 @@ private slots:
         button("btnAcceptItem")->click();
         QCOMPARE(h.session.foodList.Count(), 1);
 
-        // The same dialog again.
+        // The same dialog again, from a new item.
         button("btnNewItem")->click();
+        QCOMPARE(button("btnAcceptItem")->text(), QStringLiteral("Add to List"));
         button("btnSearch")->click();
         QVERIFY(d.isVisible() && h.main->findChildren<SearchDialog*>().size() == 1);
     }

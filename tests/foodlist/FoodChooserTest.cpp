@@ -147,31 +147,6 @@ class FoodChooserTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void NewItemOpensOnlyTheGroupTier()
-    {
-        {
-            // A page as it is built, before any table reaches it.
-            FoodSession session;
-            FakeSeams fakes;
-            FoodChooserPage page(session, fakes.seams);
-            for (const char* name : {"comTier0", "labTier0", "btnSearch", "btnAcceptItem", "btnDeleteItem", "comQuantity"})
-                QVERIFY2(!Find<QWidget>(page, QString::fromLatin1(name))->isEnabled(), name);
-            QVERIFY(Find<QPushButton>(page, QStringLiteral("btnNewItem"))->isEnabled());
-            const QSize size = page.minimumSizeHint();
-            QVERIFY2(size.width() <= 500 && size.height() <= 205,
-                     qPrintable(QStringLiteral("%1 x %2").arg(size.width()).arg(size.height())));
-        }
-
-        Chooser c;
-        c.Btn("btnAcceptItem")->setText(QStringLiteral("Change"));
-        QTest::mouseClick(c.Btn("btnNewItem"), Qt::LeftButton);
-        QVERIFY(c.session.chooser.addingNewItem);
-        QCOMPARE(c.Btn("btnAcceptItem")->text(), QStringLiteral("Add to List"));
-        // Which controls the stage opens is the stage's rule; the page shows it.
-        QVERIFY(c.On(c.Tier(0)) && c.On(c.Btn("btnSearch")) && !c.On(c.Lab("labTier", 1)));
-        QCOMPARE(c.Tier(0)->currentIndex(), -1);
-    }
-
     void EmptyFavoritesOffersHelpOtherEmptyGroupsSayNothing()
     {
         const struct {
