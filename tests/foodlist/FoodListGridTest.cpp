@@ -15,6 +15,7 @@
 
 #include "Fixtures.h"
 #include "WindowTestSupport.h"
+#include "foodlist/FoodListTexts.h"
 #include "foodlist/views/FoodChooserPage.h"
 #include "printing/views/NutrientChart.h"
 
@@ -209,9 +210,7 @@ private slots:
         QCOMPARE(p.list().Count(), kFoodListCapacity);
 
         p.Add(kPeas);
-        QCOMPARE(p.Messages().size(), size_t(1));
-        QCOMPARE(Shown(p.Messages()[0]), Shown({"List is full, unable to add\r\nany more.", "Unable to Add to List",
-                                                MsgIcon::Exclamation, MsgButtons::Ok}));
+        QCOMPARE(Shown(p.Messages()), QStringList{"Unable to Add to List|3|0|" + QString(texts::kListFull)});
         QCOMPARE(p.list().Count(), kFoodListCapacity);
         QCOMPARE(p.GridRows(), kFoodListCapacity + 1);
         QCOMPARE(p.Cells(kFoodListCapacity), kButterCells);
@@ -366,9 +365,7 @@ private slots:
         QVERIFY(save.defaultExtension == ".pwl" && save.filter == "Platewell analyses (*.pwl)|*.pwl");
         QVERIFY(save.overwritePrompt && save.hideReadOnly && save.pathMustExist && !save.fileMustExist);
         QCOMPARE(p.h.main->windowTitle(), "Platewell - " + p.Path("day.pwl"));
-        QCOMPARE(p.Messages().size(), size_t(1));
-        QCOMPARE(Shown(p.Messages()[0]),
-                 Shown({"Analysis saved.", "Save Profile", MsgIcon::Information, MsgButtons::Ok}));
+        QCOMPARE(Shown(p.Messages()), QStringList{"Save Profile|1|0|Analysis saved."});
 
         p.Run("mnuClearList");  // saved: nothing to ask
         p.tabs().setCurrentIndex(2);

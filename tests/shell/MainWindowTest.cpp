@@ -31,6 +31,7 @@
 #include "shell/HelpTopics.h"
 #include "shell/views/HelpWindow.h"
 #include "shell/Settings.h"
+#include "shell/StartupTexts.h"
 #include "core/views/Twips.h"
 
 using namespace pw;
@@ -85,10 +86,7 @@ private slots:
         {
             ProgramHarness program;
             QVERIFY(!program.LoadSplash());
-            QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
-            QCOMPARE(Shown(program.fakes.prompts.messages[0]),
-                     Shown({"Files are corrupt. Please reinstall program", "Error", MsgIcon::Critical,
-                            MsgButtons::Ok}));
+            QCOMPARE(Shown(program.fakes.prompts.messages), QStringList{"Error|4|0|" + QString(texts::kFilesCorrupt)});
             QVERIFY(std::filesystem::is_empty(program.folder.Path()));
         }
         {
@@ -99,10 +97,8 @@ private slots:
             const std::string corrupt = LinesToBytes(lines);
             WriteProgramFolder(program.folder.Path(), corrupt);
             QVERIFY(!program.LoadSplash());
-            QCOMPARE(program.fakes.prompts.messages.size(), size_t(1));
-            QCOMPARE(Shown(program.fakes.prompts.messages[0]),
-                     Shown({"Database is corrupted.  Please re-install program.", "Error", MsgIcon::Critical,
-                            MsgButtons::Ok}));
+            QCOMPARE(Shown(program.fakes.prompts.messages),
+                     QStringList{"Error|4|0|" + QString(texts::kDatabaseCorrupted)});
             QVERIFY(!program.folder.Exists("pw.ini"));  // nothing written
             QCOMPARE(program.folder.Read("data.dat"), corrupt);
         }
@@ -227,11 +223,8 @@ private slots:
         program.fakes.prompts.answers.push_back(MsgResult::Yes);
         StartOnSample(program, {});
         QVERIFY(program.folder.Exists("pw.ini"));  // written at start-up when missing
-        const auto& messages = program.fakes.prompts.messages;
-        QCOMPARE(messages.size(), size_t(1));
-        QCOMPARE(Shown(messages[0]), Shown({"Would you like to view the Quick Tutorial?\r\n\r\n"
-                                            "You can master this program in less than three minutes!",
-                                            "View Quick Tutorial?", MsgIcon::Question, MsgButtons::YesNo}));
+        const QStringList asked = Shown(program.fakes.prompts.messages);
+        QVERIFY(asked.size() == 1 && asked[0].startsWith("View Quick Tutorial?|2|1|Would you like to view"));
         QCOMPARE(program.fakes.help.calls.size(), size_t(1));
         QCOMPARE(program.fakes.help.calls[0].file, QString::fromStdString(program.folder.File("pw.hlp")));
         QVERIFY(program.fakes.help.calls[0].command == 1 && program.fakes.help.calls[0].context == 1);

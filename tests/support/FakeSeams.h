@@ -23,6 +23,14 @@ inline QString Shown(const RecordedMessage& m)
 {
     return m.title + '|' + QString::number(int(m.icon)) + '|' + QString::number(int(m.buttons)) + '|' + m.text;
 }
+// Every message shown, in order, each as one text.
+inline QStringList Shown(const std::vector<RecordedMessage>& messages)
+{
+    QStringList texts;
+    for (const RecordedMessage& m : messages)
+        texts << Shown(m);
+    return texts;
+}
 
 class RecordingPrompts : public Prompts {
 public:
@@ -117,19 +125,18 @@ public:
 };
 
 // Records the reports printed and previewed; a machine with or without a
-// printer, and a print dialog that prints or is cancelled.
+// printer.
 class RecordingPrinter : public Printer {
 public:
     bool HasPrinter() const override { return hasPrinter; }
     bool Print(const ReportDocument& report) override
     {
         printed.push_back(report);
-        return printDialogAccepts;
+        return true;
     }
     void Preview(const ReportDocument& report) override { previewed.push_back(report); }
 
     bool hasPrinter = true;
-    bool printDialogAccepts = true;
     std::vector<ReportDocument> printed;
     std::vector<ReportDocument> previewed;
 };
