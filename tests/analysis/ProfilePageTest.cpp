@@ -13,7 +13,6 @@
 #include "analysis/ProfileFile.h"
 #include "analysis/views/ProfilePage.h"
 #include "core/LineFile.h"
-#include "core/RunTimeError.h"
 
 using namespace pw;
 using namespace pw::test;
@@ -148,7 +147,10 @@ private slots:
         QTest::keyClicks(Find<QLineEdit>(w, "txtHeight"), "64");
         QTest::keyClicks(weight, "150");
         QVERIFY(tabs->isTabEnabled(1) && tabs->isTabEnabled(2));
-        QCOMPARE(Labels(w, {"labMDR0", "labAgeResults"}), QStringList({"2100", "64"}));
+        QCOMPARE(Labels(w, {"labMDR0", "labMDR1", "labMDR7", "labAgeResults", "labBMI", "labBMIInterpretation"}),
+                 QStringList({"2100", "63 g", "2494 mg", "64", "26", "Overweight"}));
+        for (const QWidget* control : AnalysisControls(w))
+            QVERIFY2(control->isEnabled(), qPrintable(control->objectName()));
 
         // Emptying the weight closes the tabs and keeps the daily values.
         weight->clear();
@@ -435,32 +437,6 @@ private slots:
             // No weight: the half-filled default does not survive its reading.
             QVERIFY(!p.folder.Exists("default.pwp"));
         }
-    }
-
-    void UpdateSummaryShowsAgeBmiAndDailyValues()
-    {
-        // A metric profile of a man of light lifestyle: his age, BMI and its
-        // reading, and his daily values.
-        Session session;
-        ProfileInputs inputs;
-        const char* const pwp = "YOB:80\nMEASUREMENT:1\nHEIGHT:175\nWEIGHT:70\nSEX:1\nLIFESTYLE:1";
-        ApplyProfileSettings(ParseProfileBytes(pwp).settings, inputs);
-        QVERIFY(ValidateProfile(inputs, 2026, session.profile).valid);
-        AnalysisPage page(session);
-        page.UpdateSummary();
-        QStringList labels = {"labAgeResults", "labBMI", "labBMIInterpretation"};
-        for (int i = 0; i < 8; ++i)
-            labels << QStringLiteral("labMDR%1").arg(i);
-        const QStringList shown = {"46",    "23",    "Normal", "2604",    "65 g",   "390 g",
-                                   "87 g",  "391 mg", "33 g",  "1042 mg", "3092 mg"};
-        QCOMPARE(Labels(page, labels), shown);
-        for (int i = 0; i < 8; ++i)
-            QCOMPARE(QString::number(session.dailyValues[i]), shown[3 + i].section(' ', 0, 0));
-        for (const QWidget* control : AnalysisControls(page))
-            QVERIFY2(control->isEnabled(), qPrintable(control->objectName()));
-        // Eight daily-intake slots only (their texts are checked with the list's totals).
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(8, "x"));
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, page.SetDailyIntake(-1, "x"));
     }
 };
 

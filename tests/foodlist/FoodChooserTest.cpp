@@ -198,41 +198,6 @@ private slots:
         }
     }
 
-    void TheQuantityScalesTheShownValues()
-    {
-        const QStringList snow = {"Vegetables", "Peas", "Snow", "1 pod"};
-        const QStringList cheddar = {"Dairy and Eggs", "Cheese", "Cheddar", "1 oz"};
-        // The food, the quantity, the view by units, and protein and calories
-        // as shown with their unit.
-        const struct {
-            QStringList food;
-            QString quantity;
-            bool byUnits;
-            QString protein, calories, unit;
-        } cases[] = {
-            {snow, "1/2", true, "2", "10", "g"},          // half of 5 g
-            {snow, "1.5", true, "8", "30", "g"},          // one and a half of 5 g
-            {snow, "2-1/2", true, "12", "50", "g"},
-            {snow, "2-3", true, "10", "40", "g"},         // 2-3 is 2
-            {snow, "99", true, "495", "1980", "g"},       // 99 is accepted
-            {cheddar, " 1", false, "14", "5", "%DV"},     // 7 g of 50 g DV
-            {snow, "1/2", false, "4", "0", "%DV"},        // half of 5 g as DV
-        };
-        for (const auto& [food, quantity, byUnits, protein, calories, unit] : cases) {
-            Chooser c;
-            c.page->SetUnitCaptions(!byUnits);
-            c.Choose(food);
-            c.Enter(quantity);
-            QVERIFY(c.Messages().empty());
-            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), protein);
-            QCOMPARE(c.Lab("labNutrVal", kCalories)->text(), calories);
-            QCOMPARE(c.Lab("labNutrUnit", kProtein)->text(), unit);
-            QCOMPARE(c.Lab("labNutrUnit", kCalories)->text(), byUnits ? QStringLiteral(" ") : unit);
-            QVERIFY(c.On(c.Btn("btnAcceptItem")) && c.On(c.Lab("labNutrVal", 0)));
-            QCOMPARE(c.Qty()->currentText(), quantity);  // kept as typed
-        }
-    }
-
     void BadQuantitiesAreRefusedWithTheirMessage_data()
     {
         QTest::addColumn<QString>("typed");
@@ -267,42 +232,6 @@ private slots:
             QTest::keyRelease(c.Qty(), Qt::Key_Shift);
             QCOMPARE(c.Messages().size(), size_t(1));
             QVERIFY(!c.On(c.Btn("btnAcceptItem")));
-        }
-    }
-
-    void TypingACompoundFractionKeyByKeyShowsNoError()
-    {
-        for (const bool intoLineEdit : {false, true}) {  // keys to the combo, or to its line edit
-            Chooser c;
-            c.Choose({"Vegetables", "Peas", "Snow"});
-            // Shown and focused, as the user types into it.
-            c.page->show();
-            QVERIFY(QTest::qWaitForWindowActive(c.page.get()));
-            c.Qty()->setFocus();
-            QWidget* target =
-                intoLineEdit ? static_cast<QWidget*>(c.Qty()->lineEdit()) : c.Qty();
-            c.Qty()->lineEdit()->selectAll();
-            QTest::keyClick(target, Qt::Key_Backspace);
-            QCOMPARE(c.session.chooser.currentQuantity, 0.0f);
-            const QString typed = QStringLiteral("2-1/2");
-            const float seen[] = {2, 2, 2, 2, 2.5f};
-            for (int i = 0; i < typed.size(); ++i) {
-                QTest::keyClick(target, typed[i].toLatin1());
-                QCOMPARE(c.Qty()->currentText(), typed.left(i + 1));
-                QCOMPARE(c.session.chooser.currentQuantity, seen[i]);
-                QVERIFY(c.On(c.Btn("btnAcceptItem")));
-            }
-            QTest::keyClick(target, Qt::Key_Return);
-            QVERIFY(c.Messages().empty());
-            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), QStringLiteral("12"));
-            QCOMPARE(c.Qty()->count(), 17);  // nothing typed joins the list
-            QCOMPARE(c.Qty()->currentText(), typed);
-
-            // A pick from the list is parsed at once.
-            c.Qty()->setCurrentIndex(2);
-            emit c.Qty()->activated(2);
-            QCOMPARE(c.session.chooser.currentQuantity, 1.0f / 3.0f);
-            QCOMPARE(c.Lab("labNutrVal", kProtein)->text(), QStringLiteral("2"));
         }
     }
 

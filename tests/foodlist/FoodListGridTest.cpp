@@ -285,8 +285,14 @@ private slots:
         QCOMPARE(p.Labels(units), QStringList(8, QStringLiteral("%DV")));
         for (int i = 0; i < 8; ++i)
             QCOMPARE(p.Labels(values)[i], QString::number(p.h.session.chooser.currentPercents[i]));
+        // A quantity picked from the list in this view scales the values at
+        // once and keeps the unit.
+        auto* quantity = p.W<QComboBox>("comQuantity");
+        quantity->setCurrentIndex(4);
+        emit quantity->activated(4);
+        QCOMPARE(p.Labels(values)[kProtein] + p.Labels(units)[kCalories], QStringLiteral("8%DV"));  // 4 g of 50
         p.Run("mnuViewByUnits");
-        QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("7"));
+        QCOMPARE(p.Labels(values)[kProtein], QStringLiteral("4"));  // 3.5 to the even 4
         QCOMPARE(p.Labels(units)[kCarbs], QStringLiteral("mg"));  // the view's own captions
 
         p.page().DisableTiers();

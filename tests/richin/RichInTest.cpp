@@ -84,6 +84,9 @@ TEST(RichIn, NamesDefaultsAndTexts)
     EXPECT_EQ(MostLackingNutrient({1800, 60, 250, 1, 0, 4, 700, 1, 0}, dv), kFiber);
     EXPECT_EQ(MostLackingNutrient({1800, 60, 250, 1, 0, 26, 120, 1, 0}, dv), kCalcium);
     EXPECT_EQ(MostLackingNutrient({1, 1, 1, 1, 1, 1, 1, 1, 0}, DailyValues{}), kCalories);
+    for (int i = 0; i < kShownNutrients; ++i)  // limits least first, the rest most first
+        EXPECT_EQ(DefaultRichOrder(Nutrient(i)), i == kFats || i == kCholesterol || i == kSodium ? RichOrder::Least
+                                                                                                  : RichOrder::Most);
     EXPECT_EQ(RichNutrientByName("fIbEr"), kFiber);
     EXPECT_EQ(RichNutrientByName("Carbs"), std::nullopt);  // the tab's names only
     EXPECT_EQ(RichNutrientByName(""), std::nullopt);

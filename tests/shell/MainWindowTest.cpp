@@ -654,7 +654,8 @@ private slots:
             key(Qt::Key_Tab, Qt::ShiftModifier);
             QCOMPARE(focus(), comQuantity);
             key(Qt::Key_A, Qt::ControlModifier);
-            type(quantity);
+            // The first to the box, the second to its line edit: both read each key.
+            QTest::keyClicks(quantity[1] == '/' ? comQuantity->lineEdit() : static_cast<QWidget*>(comQuantity), quantity);
             key(Qt::Key_Return);
         }
         // Enter on the measure adds the food as Enter on the quantity does;
@@ -676,7 +677,9 @@ private slots:
         QCOMPARE(list.Entry(1).quantityText, std::string("2-1/2"));
         QCOMPARE(list.Entry(1).amounts[2], 62);  // 2.5 x 25 g carbohydrates, half to even
         QCOMPARE(list.Entry(2).quantityText, std::string("1/3"));
+        QCOMPARE(list.Entry(2).amounts[2], 8);  // 25 g / 3
         QCOMPARE(focus(), btnNewItem);
+        QCOMPARE(comQuantity->count(), 17);  // nothing typed joins the list
 
         // The grid is one Tab stop that selects nothing until a row is chosen.
         QVERIFY(tabTo(Grid(w)));
