@@ -58,8 +58,6 @@ private slots:
         FakeSeams fakes;
         const FoodTable table = SampleTable();
         DaysWindow window(table, fakes.seams, settings);
-        QCOMPARE(window.objectName(), QStringLiteral("frmDays"));
-        QCOMPARE(window.windowTitle(), QStringLiteral("Platewell - Days"));
         auto* grid = Find<QTableWidget>(window, "gridDays");
         auto* period = Find<QLabel>(window, "labDaysPeriod");
         QCOMPARE(grid->rowCount(), 0);

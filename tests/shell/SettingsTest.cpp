@@ -4,6 +4,7 @@
 #include "TempFolder.h"
 #include "core/RunTimeError.h"
 #include "shell/Settings.h"
+#include "shell/Tips.h"
 
 namespace pw {
 namespace {
@@ -70,6 +71,15 @@ TEST(Settings, WriterProducesTheTwentyFiveLines)
     // What is written reads back.
     s.rememberColumnWidths = true;
     EXPECT_EQ(WriteSettingsText(Read(WriteSettingsText(s))), WriteSettingsText(s));
+}
+
+// The tip after the one shown last: the first after the last, after a
+// number beyond a shortened file, and when none was shown.
+TEST(Tips, NextFollowsOnAndWrapsToTheFirst)
+{
+    const int cases[][3] = {{0, 3, 1}, {1, 3, 2}, {2, 3, 3}, {3, 3, 1}, {9, 3, 1}, {-4, 3, 1}, {5, 0, 1}};
+    for (const auto& [current, count, next] : cases)
+        EXPECT_EQ(NextTip(std::int16_t(current), count), next) << current << " of " << count;
 }
 
 TEST(Settings, ReaderRules)
