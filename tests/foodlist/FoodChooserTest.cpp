@@ -1,6 +1,5 @@
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -86,13 +85,6 @@ struct Chooser {
     }
     bool On(QWidget* w) const { return w->isEnabledTo(page.get()); }
     QStringList Items(int tier) const { return ComboItems(Tier(tier)); }
-    QStringList Values() const
-    {
-        QStringList values;
-        for (int i = 0; i < kShownNutrients; ++i)
-            values << Lab("labNutrVal", i)->text();
-        return values;
-    }
     // Everything the chooser shows or keeps.
     QStringList State() const
     {
