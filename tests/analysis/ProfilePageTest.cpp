@@ -384,11 +384,6 @@ private slots:
     {
         {
             Page p;
-            p.page->ReadDefaultPWP();  // none: nothing, no message
-            QVERIFY(p.Messages().empty() && p.validated->isEmpty() && !p.folder.Exists("default.pwp"));
-        }
-        {
-            Page p;
             p.folder.Write("DEFAULT.PWP", "NAME:Upper\r\nYOB:62\r\nHEIGHT:64\r\nWEIGHT:150\r\n");
             p.page->ReadDefaultPWP();
             QCOMPARE(p.Text("txtName"), QStringLiteral("Upper"));
