@@ -385,11 +385,6 @@ private slots:
         QCOMPARE(status, 1);
         QCOMPARE(err, QStringLiteral("huge.pwl\nis not a valid Platewell\n.pwl file.\n"));
 
-        // An option nobody knows is told without a display.
-        std::tie(status, out, err) = run.Run({"--bogus"});
-        QCOMPARE(status, 2);
-        QVERIFY2(err.startsWith(QStringLiteral("Unknown option 'bogus'.")), qPrintable(err));
-
         // Devices made here (never in /dev) are written in place: a full one
         // fails the export, and stays the device it was.
         if (::geteuid() != 0)
