@@ -14,14 +14,6 @@ using namespace pw::test;
 
 namespace {
 
-QString NestedTables(int depth)
-{
-    QString html;
-    for (int i = 0; i < depth; ++i)
-        html += QStringLiteral("<table><tr><td>");
-    return html;
-}
-
 void WriteBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
@@ -57,12 +49,10 @@ private slots:
         QVERIFY(picture.save(dir.filePath(QStringLiteral("help/own.png"))));
         QVERIFY(picture.save(dir.filePath(QStringLiteral("outside.png"))));
         const QString outside = QUrl::fromLocalFile(dir.filePath(QStringLiteral("outside.png"))).toString();
-        const QByteArray hlp = (QStringLiteral("<h1><a name=\"context-0\"></a>Start</h1><p><img src=\"help/own.png\">"
-                                               "<img src=\"%1\"><img src=\"file:///dev/zero\">"
-                                               "<img src=\"help/../outside.png\"></p>"
-                                               "<h1><a name=\"deep\"></a>Deep</h1>")
-                                    .arg(outside) +
-                                NestedTables(3000))
+        const QByteArray hlp = QStringLiteral("<h1><a name=\"context-0\"></a>Start</h1><p><img src=\"help/own.png\">"
+                                              "<img src=\"%1\"><img src=\"file:///dev/zero\">"
+                                              "<img src=\"help/../outside.png\"></p>")
+                                   .arg(outside)
                                    .toLatin1();
         WriteBytes(dir.filePath(QStringLiteral("pw.hlp")), hlp);
 
@@ -81,10 +71,6 @@ private slots:
         QVERIFY(!image(QStringLiteral("help/own.png")).isNull());
         for (const QString& source : {outside, QStringLiteral("file:///dev/zero"), QStringLiteral("help/../outside.png")})
             QVERIFY2(image(source).isNull(), qPrintable(source));
-
-        // A page nested too deep to lay out is its text.
-        QVERIFY(window.ShowAnchor(QStringLiteral("deep")));
-        QVERIFY(browser->toPlainText().contains(QStringLiteral("<table><tr><td><table>")));
 
         // Links: a web address only after the question naming it; any other
         // scheme refused; nothing is handed on without the user's yes.

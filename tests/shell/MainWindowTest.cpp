@@ -148,10 +148,7 @@ private slots:
         ProgramHarness program;
         StartOnSample(program);
         MainWindow& w = *program.main;
-        auto* analyse = w.findChild<QAction*>("mnuAnalyseDays");
-        QVERIFY(analyse);
-        QCOMPARE(analyse->text(), QStringLiteral("Analyse &Days..."));
-        QCOMPARE(analyse->shortcut(), QKeySequence(QStringLiteral("Ctrl+D")));
+        auto* analyse = Find<QAction>(w, QStringLiteral("mnuAnalyseDays"));
         analyse->trigger();
         auto* days = w.findChild<QDialog*>("frmDays");
         QVERIFY(days && days->isVisible() && !days->isModal());
