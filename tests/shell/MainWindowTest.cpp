@@ -107,6 +107,8 @@ private slots:
             program.folder.Write("pw.ini", QuietSettings());
             QVERIFY(program.LoadSplash());
             QCOMPARE(program.session.foodTable.Count(), 12);
+            QTest::keyClick(program.splash.get(), Qt::Key_Space);  // a key hands over without the timer
+            QVERIFY(program.main && !program.guard.Failed());
         }
     }
 
