@@ -322,6 +322,8 @@ private slots:
             ProgramHarness program;  // binary bytes are shown as text, never run
             QVERIFY(StartAtTips(program, 0, std::string("<b>\0\x01\xff</b>", 9)));
             QCOMPARE(Find<QLabel>(*program.tip, QStringLiteral("lblTipText"))->textFormat(), Qt::PlainText);
+            Find<QAbstractButton>(*program.tip, QStringLiteral("chkLoadTipsAtStartup"))->click();  // tips off
+            QVERIFY(!program.session.settings.showTips);
         }
         {
             // A missing file ends the program (too many tips: the end-to-end runs).
