@@ -70,7 +70,7 @@ bool StartAtTips(ProgramHarness& program, int currentTip, const std::string& tip
     if (!program.LoadSplash())
         return false;
     program.splash->StartMain();
-    return program.tip != nullptr && !program.guard.Failed();
+    return program.tip != nullptr && !program.main && !program.guard.Failed();  // the main window waits
 }
 
 }  // namespace
