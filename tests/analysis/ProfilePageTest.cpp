@@ -69,9 +69,8 @@ QString Described(const FileDialogRequest& r)
 
 // A profile page on the fakes, its program folder a fresh temporary one.
 struct Page {
-    explicit Page(int year = 2026)
+    Page()
     {
-        fakes.clock.year = year;
         session.programFolder = folder.Path();
         page = std::make_unique<ProfilePage>(session, fakes.seams);
         validated = std::make_unique<QSignalSpy>(page.get(), &ProfilePage::profileValidated);
